@@ -1,0 +1,119 @@
+#pragma once
+
+#include "platform/runtime_error.h"
+
+#include <QHash>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace talvora {
+
+/// The key of a record in its collection when it is a number: the letter "a" in front of the number, so that a number
+/// is never taken for a position. Kept as the number alone.
+template <auto Field>
+struct NumberKey {
+    using Type = qint32;
+
+    template <class Record>
+    static Type of(const Record& record) {
+        return record.*Field;
+    }
+    static bool parse(const QString& text, Type& key) {
+        bool ok = false;
+        if (text.startsWith(u'a', Qt::CaseInsensitive)) {
+            key = QStringView(text).sliced(1).toInt(&ok);
+        }
+        return ok;
+    }
+};
+
+/// The key of a record in its collection when it is a text, as `Of` gives it. Keys go without regard to case.
+template <auto Of>
+struct TextKey {
+    using Type = QString;
+
+    template <class Record>
+    static Type of(const Record& record) {
+        return QString(std::invoke(Of, record)).toCaseFolded();
+    }
+    static bool parse(const QString& text, Type& key) {
+        key = text.toCaseFolded();
+        return true;
+    }
+};
+
+/// The records of one table on the client, in the order in which they were added. Every collection class is this
+/// template and its own loaders. Items are shared: a caller that holds one keeps it alive after Clear.
+template <class RecordType, class Key>
+class Collection {
+ public:
+    using Record = RecordType;
+    using Pointer = std::shared_ptr<Record>;
+
+    /// Takes the record under its key and hands it back. RuntimeError 457 when the key stands already.
+    Pointer Add(Pointer record) {
+        const auto key = Key::of(*record);
+        if (positions_.contains(key)) {
+            throw RuntimeError(errors::DuplicateKey);
+        }
+        positions_.insert(key, static_cast<int>(items_.size()));
+        items_.push_back(record);
+        return record;
+    }
+
+    /// The item at `position`, counted from 1. RuntimeError 9 when there is none.
+    Pointer Item(int position) const {
+        if (position < 1 || position > Count()) {
+            throw RuntimeError(errors::SubscriptOutOfRange);
+        }
+        return items_[static_cast<std::size_t>(position - 1)];
+    }
+
+    /// The item under `key`. RuntimeError 5 when there is none.
+    Pointer Item(const QString& key) const { return Item(positionOf(key)); }
+
+    qint32 Count() const { return static_cast<qint32>(items_.size()); }
+
+    void Remove(int position) {
+        Item(position);
+        items_.erase(items_.begin() + (position - 1));
+        positions_.clear();
+        int next = 0;
+        for (const auto& item : items_) {
+            positions_.insert(Key::of(*item), next++);
+        }
+    }
+    void Remove(const QString& key) { Remove(positionOf(key)); }
+
+    void Clear() {
+        items_.clear();
+        positions_.clear();
+    }
+
+    auto begin() const { return items_.cbegin(); }
+    auto end() const { return items_.cend(); }
+
+ protected:
+    /// For a loader that knows how many rows come.
+    void reserve(int count) {
+        items_.reserve(static_cast<std::size_t>(count));
+        positions_.reserve(count);
+    }
+
+ private:
+    int positionOf(const QString& text) const {
+        typename Key::Type key{};
+        if (!Key::parse(text, key) || !positions_.contains(key)) {
+            throw RuntimeError(errors::InvalidCall);
+        }
+        return positions_.value(key) + 1;
+    }
+
+    std::vector<Pointer> items_;
+    QHash<typename Key::Type, int> positions_;
+};
+
+}  // namespace talvora

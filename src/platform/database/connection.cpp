@@ -1,0 +1,80 @@
+#include "platform/database/connection.h"
+
+#include "platform/database/connection_string.h"
+#include "platform/database/embedded/embedded_driver.h"
+#include "platform/database/odbc/odbc_driver.h"
+#include "platform/runtime_error.h"
+
+namespace talvora {
+
+using namespace Qt::StringLiterals;
+
+Connection::Connection() = default;
+
+Connection::~Connection() {
+    Close();
+}
+
+void Connection::Open() {
+    Close();
+    const auto parts = ConnectionParts::parse(ConnectionString);
+    driver_ = parts.isEmbedded() ? openEmbedded(parts, CommandTimeout) : openOdbc(parts, CommandTimeout);
+}
+
+Driver& Connection::driver(const QString& statement) {
+    if (!driver_) {
+        throw RuntimeError(errors::ConnectionClosed);
+    }
+    if (observer_) {
+        observer_(statement);
+    }
+    return *driver_;
+}
+
+Recordset Connection::Execute(const QString& statement) {
+    return driver(statement).execute(statement);
+}
+
+void Connection::BeginTrans() {
+    if (inTransaction_) {
+        CommitTrans();
+    }
+    driver(u"begin transaction"_s).beginTransaction();
+    inTransaction_ = true;
+}
+
+void Connection::CommitTrans() {
+    Driver& open = driver(u"commit transaction"_s);
+    inTransaction_ = false;
+    open.commitTransaction();
+}
+
+void Connection::RollbackTrans() {
+    Driver& open = driver(u"rollback transaction"_s);
+    inTransaction_ = false;
+    open.rollbackTransaction();
+}
+
+void Connection::Close() noexcept {
+    if (driver_ && inTransaction_) {
+        try {
+            driver_->commitTransaction();
+        } catch (const RuntimeError&) {  // NOLINT(bugprone-empty-catch): see the header
+        }
+    }
+    inTransaction_ = false;
+    driver_.reset();
+}
+
+void Connection::Abandon() noexcept {
+    if (driver_ && inTransaction_) {
+        try {
+            driver_->rollbackTransaction();
+        } catch (const RuntimeError&) {  // NOLINT(bugprone-empty-catch): the link may be gone already
+        }
+    }
+    inTransaction_ = false;
+    driver_.reset();
+}
+
+}  // namespace talvora

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/database/recordset.h"
+
+#include <QString>
+
+namespace talvora {
+
+/// What stands behind a Connection: one open link to one engine. Every failure is a DatabaseError.
+/// A driver belongs to one thread.
+class Driver {
+ public:
+    Driver() = default;
+    Driver(const Driver&) = delete;
+    Driver& operator=(const Driver&) = delete;
+    virtual ~Driver() = default;
+
+    /// Runs one T-SQL statement and brings all its rows to the client (none for a statement that returns no rows).
+    /// A failing statement leaves an open transaction open, with what was done before it.
+    virtual Recordset execute(const QString& statement) = 0;
+
+    virtual void beginTransaction() = 0;
+    virtual void commitTransaction() = 0;
+    virtual void rollbackTransaction() = 0;
+};
+
+}  // namespace talvora
