@@ -1,0 +1,85 @@
+#include "results/ctesting.h"
+
+#include "core/mdlpublic.h"
+
+namespace talvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString statementFor(qint32 testingNumber, const QString& sql) {
+    if (!sql.isEmpty()) {
+        return sql;
+    }
+    if (testingNumber != 0) {
+        return u"select * from TestingResult where testingNumber="_s + QString::number(testingNumber) +
+               u" order by Typecode"_s;
+    }
+    return u"Select * From TestingResult WHERE (TypeCode is null  and SolutionID>0)  or "
+           "(len(TypeCode)=6 and SolutionID =0) ORDER BY testingNumber"_s;
+}
+
+void fill(cTesting& testing, const Row& row) {
+    testing.TestingID = row.number32("TestingID");
+    testing.TestingNumber = row.number32("TestingNumber");
+    testing.Name = row.text("Name");
+    testing.Sex = row.text("Sex");
+    testing.Age = row.number16Or0("Age");
+    testing.IDNumber = row.text("IDNumber");
+    testing.Education = row.text("Education");
+    testing.PostName = row.text("PostName");
+    testing.Salary = row.text("Salary");
+    testing.TypeName = row.text("TypeName");
+    testing.TypeCode = row.text("TypeCode");
+    testing.Version = row.text("Version");
+    testing.TestingDate = row.text("TestingDate");
+    testing.ExaminationID = row.isNull("ExaminationID") ? u"0"_s : row.text("ExaminationID");
+    testing.Score = row.number16Or0("Score");
+    testing.ExamQuestions = row.number16Or0("ExamQuestions");
+    testing.FactQuestions = row.number16Or0("FactQuestions");
+    testing.TestingResult = row.text("TestingResult");
+    testing.TestingDesc = row.text("TestingDesc");
+}
+
+}  // namespace
+
+cTestings& cTestings::Find(qint32 testingNumber, const QString& sql) {
+    Clear();
+    const Recordset rows = cnnPublic.Execute(statementFor(testingNumber, sql));
+    reserve(rows.RecordCount());
+    for (const Row row : rows) {
+        auto testing = std::make_shared<cTesting>();
+        fill(*testing, row);
+        Add(std::move(testing));
+    }
+    return *this;
+}
+
+cTestings& cTestings::GetTestingType() {
+    const Recordset rows = cnnPublic.Execute(
+        u"SELECT DISTINCT TypeName FROM testingResult where typecode is null or SolutionID=0 order by TypeName"_s);
+    qint32 number = 0;
+    for (const Row row : rows) {
+        auto testing = std::make_shared<cTesting>();
+        testing->TestingID = ++number;
+        testing->TypeName = row.text("TypeName");
+        Add(std::move(testing));
+    }
+    return *this;
+}
+
+cTestings& cTestings::GetTestingResult(const QString& typeName) {
+    const Recordset rows = cnnPublic.Execute(u"SELECT DISTINCT TestingResult FROM testingResult where typename='"_s +
+                                             typeName + u"' order by TestingResult"_s);
+    qint32 number = 0;
+    for (const Row row : rows) {
+        auto testing = std::make_shared<cTesting>();
+        testing->TestingID = ++number;
+        testing->TestingResult = row.text("TestingResult");
+        Add(std::move(testing));
+    }
+    return *this;
+}
+
+}  // namespace talvora
