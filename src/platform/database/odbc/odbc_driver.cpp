@@ -1,0 +1,106 @@
+#include "platform/database/odbc/odbc_driver.h"
+
+#include "platform/database/odbc/odbc_handle.h"
+#include "platform/database/odbc/odbc_rows.h"
+#include "platform/database/odbc/odbc_target.h"
+
+#include <array>
+#include <cstdint>
+
+namespace talvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using odbc::Handle;
+
+/// A number where the API takes a pointer.
+SQLPOINTER asPointer(std::uintptr_t number) {
+    return reinterpret_cast<SQLPOINTER>(number);
+}
+
+class OdbcDriver final : public Driver {
+ public:
+    OdbcDriver(const QString& driverConnectionString, int timeoutSeconds)
+        : connection_(SQL_HANDLE_DBC, environment_), timeoutSeconds_(timeoutSeconds) {
+        constexpr std::uintptr_t loginSeconds = 15;
+        // A driver without a login time-out connects without one.
+        SQLSetConnectAttrW(connection_.get(), SQL_ATTR_LOGIN_TIMEOUT, asPointer(loginSeconds), 0);
+        SQLSMALLINT length = 0;
+        connection_.check(SQLDriverConnectW(connection_.get(), nullptr, odbc::wide(driverConnectionString),
+                                            static_cast<SQLSMALLINT>(driverConnectionString.size()), nullptr, 0,
+                                            &length, SQL_DRIVER_NOPROMPT));
+    }
+
+    ~OdbcDriver() override { SQLDisconnect(connection_.get()); }
+
+    Recordset execute(const QString& statement) override {
+        const Handle handle(SQL_HANDLE_STMT, connection_);
+        // Both are passed over by a driver that does not know them. The text goes to the server as it stands: a
+        // brace in it is no escape.
+        SQLSetStmtAttrW(handle.get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(static_cast<std::uintptr_t>(timeoutSeconds_)),
+                        0);
+        SQLSetStmtAttrW(handle.get(), SQL_ATTR_NOSCAN, asPointer(SQL_NOSCAN_ON), 0);
+        handle.check(SQLExecDirectW(handle.get(), odbc::wide(statement), static_cast<SQLINTEGER>(statement.size())));
+        return odbc::readResults(handle);
+    }
+
+    void beginTransaction() override { connection_.check(setAutocommit(SQL_AUTOCOMMIT_OFF)); }
+    void commitTransaction() override { endTransaction(SQL_COMMIT); }
+    void rollbackTransaction() override { endTransaction(SQL_ROLLBACK); }
+
+ private:
+    SQLRETURN setAutocommit(std::uintptr_t state) {
+        return SQLSetConnectAttrW(connection_.get(), SQL_ATTR_AUTOCOMMIT, asPointer(state), SQL_IS_UINTEGER);
+    }
+
+    /// Statements after the end run on their own again, also when the end itself fails.
+    void endTransaction(SQLSMALLINT end) {
+        const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, connection_.get(), end);
+        if (SQL_SUCCEEDED(result)) {
+            connection_.check(setAutocommit(SQL_AUTOCOMMIT_ON));
+            return;
+        }
+        const DatabaseError failure = connection_.failure();
+        setAutocommit(SQL_AUTOCOMMIT_ON);
+        throw failure;
+    }
+
+    Handle environment_;
+    Handle connection_;
+    int timeoutSeconds_;
+};
+
+QStringList installedDrivers() {
+    constexpr SQLSMALLINT longest = 256;
+    const Handle environment;
+    QStringList names;
+    std::array<SQLWCHAR, longest> name{};
+    std::array<SQLWCHAR, longest> attributes{};
+    SQLSMALLINT nameLength = 0;
+    SQLSMALLINT attributesLength = 0;
+    SQLUSMALLINT direction = SQL_FETCH_FIRST;
+    while (SQL_SUCCEEDED(SQLDriversW(environment.get(), direction, name.data(), longest, &nameLength, attributes.data(),
+                                     longest, &attributesLength))) {
+        names << odbc::fromWide(name.data(), std::min<qsizetype>(nameLength, longest - 1));
+        direction = SQL_FETCH_NEXT;
+    }
+    return names;
+}
+
+}  // namespace
+
+std::unique_ptr<Driver> openOdbc(const ConnectionParts& parts, int timeoutSeconds) {
+    const QString driver = odbc::bestDriver(installedDrivers());
+    if (driver.isEmpty()) {
+        throw DatabaseError(0, u"No ODBC driver for SQL Server is installed"_s, u"IM002"_s);
+    }
+    return openOdbcWith(odbc::driverConnectionString(driver, parts), timeoutSeconds);
+}
+
+std::unique_ptr<Driver> openOdbcWith(const QString& driverConnectionString, int timeoutSeconds) {
+    return std::make_unique<OdbcDriver>(driverConnectionString, timeoutSeconds);
+}
+
+}  // namespace talvora

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/database/connection_string.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace talvora::odbc {
+
+/// The best of the `installed` drivers for SQL Server: "ODBC Driver NN for SQL Server" with the highest NN, then
+/// FreeTDS, then the old "SQL Server". Empty when there is none.
+QString bestDriver(const QStringList& installed);
+
+/// `driver`'s connection string for `parts`. The server goes in as its administrators write it: host, host,port or
+/// host\instance. Throws DatabaseError (IM012) when a part holds a NUL character, where a driver would stop reading.
+QString driverConnectionString(const QString& driver, const ConnectionParts& parts);
+
+}  // namespace talvora::odbc
