@@ -4,6 +4,7 @@
 #include "core/data_routines.h"
 #include "core/mdlpublic.h"
 #include "core/resume_next.h"
+#include "core/status_of.h"
 #include "platform/numbers.h"
 #include "results/ctesting.h"
 #include "results/ctestingdetail.h"
@@ -200,13 +201,11 @@ void TestingStore::rollUp() {
 }  // namespace
 
 Status cTesting::AddNew(bool isModel, const cTestings& testings, const cTestingDetails& details) const {
-    try {
+    // A failure neither rolls back nor commits: what was done stays in the open transaction.
+    return statusOf([&] {
         TestingStore(*this, details).run(isModel, testings);
         return Status::Done;
-    } catch (const RuntimeError&) {
-        // Neither rolled back nor committed: what was done stays in the open transaction.
-        return Status::Failed;
-    }
+    });
 }
 
 Status cTesting::Delete(qint32 testingId) {
