@@ -1,0 +1,207 @@
+#pragma once
+
+#include "toolkit/flexgrid_types.h"
+
+#include <QColor>
+#include <QHash>
+#include <QIcon>
+#include <QString>
+#include <QTableView>
+
+#include <memory>
+#include <vector>
+
+namespace talvora {
+
+class FrozenGridColumns;
+class GridDelegate;
+class GridHeader;
+class GridModel;
+
+/// The program's grid: lists, outlines and tables by row and column number.
+///
+/// Rows are counted from 0 and the first `FixedRows` of them are the header, so an empty list has `Rows` 1. Rows under
+/// a folded node keep their numbers. What is added is laid out when the grid is next looked at, so a list of 100,000
+/// rows fills as fast as its texts come; code that wants places on the screen asks CellRect, not model().
+///
+/// A row or column number outside the grid is RuntimeError 9 wherever it is given.
+class FlexGrid : public QTableView {
+    Q_OBJECT
+
+ public:
+    explicit FlexGrid(QWidget* parent = nullptr);
+    ~FlexGrid() override;
+
+    /// Rows with the header rows. Growing adds empty rows; setRows(FixedRows()) empties the grid and keeps the header.
+    int Rows() const;
+    void setRows(int count);
+    int Cols() const;
+    void setCols(int count);
+    /// Header rows, at least 1; all of them stay in view. Changing the number empties the grid.
+    int FixedRows() const;
+    void setFixedRows(int count);
+    /// Columns at the left that are shaded like a header and stay in view.
+    int FixedCols() const;
+    void setFixedCols(int count);
+    /// Columns at the left that stay in view, beside the fixed ones.
+    int FrozenCols() const;
+    void setFrozenCols(int count);
+
+    /// Sets the titles of row 0, separated by "|", and each column's width by its title, blanks included. A grid of
+    /// fewer columns gets more. A width that the user has dragged under the same title stays.
+    void setFormatString(const QString& titles);
+    QString FormatString() const;
+
+    bool ColHidden(int col) const;
+    void setColHidden(int col, bool hidden);
+    /// Where the column's texts and its title stand. The default is left, centred in height.
+    GridAlign ColAlignment(int col) const;
+    void setColAlignment(int col, GridAlign align);
+    GridDataType ColDataType(int col) const;
+    void setColDataType(int col, GridDataType type);
+    /// A width in device-independent pixels. columnWidth(col) reads it.
+    void setColWidth(int col, int pixels);
+    /// Texts of this column are broken into lines, and rows are as high as they need.
+    bool ColWordWrap(int col) const;
+    void setColWordWrap(int col, bool wrap);
+    /// The column that takes the width left over, -1 for none.
+    void setStretchCol(int col);
+
+    /// Adds a row from one text, its cells separated by tabs; at the end, or in front of row `at`.
+    void AddItem(const QString& cells, int at = -1);
+    /// Removes a row below the header.
+    void RemoveItem(int row);
+
+    QString TextMatrix(int row, int col) const;
+    void setTextMatrix(int row, int col, const QString& text);
+    /// A text that a row carries unseen. It moves with its row.
+    QString RowData(int row) const;
+    void setRowData(int row, const QString& data);
+
+    /// Colours, faces and pictures of cells. An invalid colour or a null picture gives the cell its own look back.
+    QColor CellBackColor(int row, int col) const;
+    void setCellBackColor(int row, int col, const QColor& color);
+    void setCellBackColor(const GridRange& cells, const QColor& color);
+    QColor CellForeColor(int row, int col) const;
+    void setCellForeColor(int row, int col, const QColor& color);
+    void setCellForeColor(const GridRange& cells, const QColor& color);
+    bool CellFontBold(int row, int col) const;
+    void setCellFontBold(int row, int col, bool bold);
+    void setCellFontBold(const GridRange& cells, bool bold);
+    GridAlign CellAlignment(int row, int col) const;
+    void setCellAlignment(int row, int col, GridAlign align);
+    void setCellAlignment(const GridRange& cells, GridAlign align);
+    /// The picture before the text; isNull() when there is none. Two are the same picture when their cacheKey() is.
+    QIcon CellPicture(int row, int col) const;
+    void setCellPicture(int row, int col, const QIcon& picture);
+    void setCellPicture(const GridRange& cells, const QIcon& picture);
+
+    /// A node of the outline. It folds the rows up to the next node of its own level or a lower one.
+    bool IsSubtotal(int row) const;
+    void setIsSubtotal(int row, bool node);
+    int RowOutlineLevel(int row) const;
+    void setRowOutlineLevel(int row, int level);
+    GridOutlineBar OutlineBar() const;
+    void setOutlineBar(GridOutlineBar bar);
+    int OutlineCol() const;
+    void setOutlineCol(int col);
+    GridSubtotalPosition SubtotalPosition() const;
+    void setSubtotalPosition(GridSubtotalPosition position);
+    /// Opens the nodes of levels below `level` and folds the others. Rows that come later start open.
+    void Outline(int level);
+    bool IsCollapsed(int row) const;
+    void setIsCollapsed(int row, bool collapsed);
+
+    GridMerge MergeCells() const;
+    void setMergeCells(GridMerge merge);
+    void setMergeRow(int row, bool merge);
+    void setMergeCol(int col, bool merge);
+
+    /// The current row: -1 when there is none, 0 after a click on the header. Filling a grid makes no row current.
+    int Row() const;
+    int Col() const;
+    void setRow(int row);
+    void setCol(int col);
+    /// Makes (row, col) current, brings it into view and selects up to (rowSel, colSel), by default the cell alone.
+    /// Where whole rows are selected, that means the rows. A row under a folded node is opened up to. A header row
+    /// becomes current with nothing selected.
+    void Select(int row, int col, int rowSel = -1, int colSel = -1);
+    bool IsSelected(int row) const;
+    /// The numbers of the selected rows, upwards.
+    std::vector<int> SelectedRows() const;
+
+    /// The cell's place in viewport() coordinates, empty when it is hidden or folded away. A merged cell is one place.
+    QRect CellRect(int row, int col) const;
+
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+    QSize sizeHint() const override;
+
+ Q_SIGNALS:
+    /// A cell or a title was clicked, or Space was pressed on the current row. Row() and Col() tell which. A click on
+    /// an expander or beside the rows is none.
+    void Click();
+    /// As Click, for the second press of a double click.
+    void DblClick();
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void updateGeometries() override;
+
+ private:
+    friend class FrozenGridColumns;
+
+    // Filling and layout: what was changed is announced to the view in one go, when the grid is next looked at.
+    void later();
+    void settle();
+    void relayout();
+    void applyTitles();
+    int widthOfTitle(const QString& title) const;
+    void stretch();
+    void fitRowHeights();
+    int heightOf(int viewRow) const;
+    void mergeDown();
+    void placeFrozen();
+
+    QModelIndex indexOf(int row, int col) const;
+    QModelIndex cellAt(const QPoint& place) const;
+    void restoreCursor(int row, int col, const std::vector<int>& selected);
+    void toggle(int row);
+    bool foldByKey(int key);
+    void headerClicked(int col);
+    void headerDoubleClicked(int col);
+    void columnResized(int col, int oldWidth, int newWidth);
+
+    GridModel* model_;
+    GridHeader* header_;
+    GridDelegate* delegate_;
+    std::unique_ptr<FrozenGridColumns> frozen_;
+
+    QString formatString_;
+    QHash<QString, int> draggedWidths_;
+    std::vector<bool> wrapped_;
+    std::vector<bool> mergedCols_;
+    GridMerge merge_ = GridMerge::Never;
+    int fixedCols_ = 0;
+    int frozenCols_ = 0;
+    int stretchCol_ = -1;
+    int headerRow_ = -1;
+    int headerCol_ = 0;
+    QPersistentModelIndex pressed_;
+    bool pending_ = false;
+    bool settling_ = false;
+    bool sizing_ = false;
+    bool spanned_ = false;
+    bool heightsStale_ = true;
+    bool expanderPressed_ = false;
+    bool secondPress_ = false;
+};
+
+}  // namespace talvora
