@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/database/connection.h"
+
+#include <QStringList>
+
+#include <vector>
+
+namespace talvora {
+
+struct TableColumns {
+    QString table;
+    QStringList columns;
+};
+
+/// The tables that schema.sql makes, with their columns.
+std::vector<TableColumns> schemaTables();
+
+/// Whether the database has a table, readable by this login.
+bool hasTable(Connection& connection, const QString& table);
+
+/// Those of our tables that the database has.
+QStringList presentTables(Connection& connection);
+
+/// Whether the database holds no table at all, ours or another's.
+bool isEmptyDatabase(Connection& connection);
+
+/// The number in the first cell that a statement gives, 0 for NULL or no row.
+qint32 countOf(Connection& connection, const QString& statement);
+
+}  // namespace talvora
