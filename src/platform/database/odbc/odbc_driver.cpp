@@ -46,27 +46,14 @@ class OdbcDriver final : public Driver {
         return odbc::readResults(handle);
     }
 
-    void beginTransaction() override { connection_.check(setAutocommit(SQL_AUTOCOMMIT_OFF)); }
-    void commitTransaction() override { endTransaction(SQL_COMMIT); }
-    void rollbackTransaction() override { endTransaction(SQL_ROLLBACK); }
+    // Transactions go as statements, and the driver stays in the autocommit mode that it starts in. Its own way of
+    // ending one would leave it astray once the server has rolled a transaction back by itself, as it does for a
+    // failing conversion or a deadlock: FreeTDS then believes itself in a transaction for good, and begins no other.
+    void beginTransaction() override { execute(u"begin transaction"_s); }
+    void commitTransaction() override { execute(u"commit transaction"_s); }
+    void rollbackTransaction() override { execute(u"rollback transaction"_s); }
 
  private:
-    SQLRETURN setAutocommit(std::uintptr_t state) {
-        return SQLSetConnectAttrW(connection_.get(), SQL_ATTR_AUTOCOMMIT, asPointer(state), SQL_IS_UINTEGER);
-    }
-
-    /// Statements after the end run on their own again, also when the end itself fails.
-    void endTransaction(SQLSMALLINT end) {
-        const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, connection_.get(), end);
-        if (SQL_SUCCEEDED(result)) {
-            connection_.check(setAutocommit(SQL_AUTOCOMMIT_ON));
-            return;
-        }
-        const DatabaseError failure = connection_.failure();
-        setAutocommit(SQL_AUTOCOMMIT_ON);
-        throw failure;
-    }
-
     Handle environment_;
     Handle connection_;
     int timeoutSeconds_;

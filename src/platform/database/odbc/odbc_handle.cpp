@@ -49,7 +49,7 @@ bool isWarning(const Record& record) {
 
 }  // namespace
 
-Handle::Handle() : type_(SQL_HANDLE_ENV) {
+Handle::Handle() : type_(SQL_HANDLE_ENV), parent_(nullptr) {
     if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &handle_))) {
         throw DatabaseError(0, u"ODBC is not available"_s, u"HY001"_s);
     }
@@ -57,7 +57,7 @@ Handle::Handle() : type_(SQL_HANDLE_ENV) {
     SQLSetEnvAttr(handle_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(std::uintptr_t{SQL_OV_ODBC3}), 0);
 }
 
-Handle::Handle(SQLSMALLINT type, const Handle& parent) : type_(type) {
+Handle::Handle(SQLSMALLINT type, const Handle& parent) : type_(type), parent_(&parent) {
     parent.check(SQLAllocHandle(type, parent.get(), &handle_));
 }
 
@@ -84,7 +84,18 @@ DatabaseError Handle::failure() const {
         number = number != 0 ? number : record.number;
     }
     words.removeDuplicates();
-    return {number, words.join(u'\n'), records.front().state};
+    const QString state = !isWarning(records.front()) ? records.front().state : isLinkLost() ? u"08S01"_s : u"HY000"_s;
+    return {number, words.join(u'\n'), state};
+}
+
+bool Handle::isLinkLost() const {
+    if (type_ == SQL_HANDLE_STMT) {
+        return parent_->isLinkLost();
+    }
+    SQLUINTEGER dead = SQL_CD_FALSE;
+    return type_ == SQL_HANDLE_DBC &&
+           SQL_SUCCEEDED(SQLGetConnectAttrW(handle_, SQL_ATTR_CONNECTION_DEAD, &dead, SQL_IS_UINTEGER, nullptr)) &&
+           dead == SQL_CD_TRUE;
 }
 
 void Handle::check(SQLRETURN result) const {

@@ -5,7 +5,7 @@
 
 namespace talvora::odbc {
 
-/// An ODBC handle, freed with the object. What was made from it must be gone by then, so declare parents first.
+/// An ODBC handle, freed with the object. It must outlive the handles that were made from it.
 class Handle {
  public:
     /// An environment, for ODBC 3. Throws DatabaseError.
@@ -20,7 +20,7 @@ class Handle {
 
     /// What the driver says about the call on this handle that has just failed: the words of all its records, without
     /// the names of drivers in front; the number is the first that a record bears. Mere warnings are left out where
-    /// there is an error beside them.
+    /// there is an error beside them. The state of a lost link is 08S01, also when the driver has only a warning.
     DatabaseError failure() const;
 
     /// Throws `failure` unless `result` is a success. SQL_NO_DATA is one: it is how a statement answers that
@@ -28,7 +28,10 @@ class Handle {
     void check(SQLRETURN result) const;
 
  private:
+    bool isLinkLost() const;
+
     SQLSMALLINT type_;
+    const Handle* parent_;
     SQLHANDLE handle_ = SQL_NULL_HANDLE;
 };
 

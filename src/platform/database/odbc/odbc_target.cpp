@@ -20,10 +20,14 @@ int microsoftVersion(const QString& driver) {
     return form.match(driver).captured(1).toInt();
 }
 
-/// "key=value;" with the value in braces where it would not stand alone.
+void refuse(QLatin1StringView key, QLatin1StringView what) {
+    throw DatabaseError(0, u"The connection's %1 must not hold %2"_s.arg(key, what), u"IM012"_s);
+}
+
+/// "key=value;", the value in braces where it would not stand alone.
 QString piece(QLatin1StringView key, const QString& value) {
     if (value.contains(QChar::Null)) {
-        throw DatabaseError(0, u"The connection's %1 holds a NUL character"_s.arg(key), u"IM012"_s);
+        refuse(key, "a NUL character"_L1);
     }
     static const QRegularExpression special(u"[;={}]|^\\s|\\s$"_s);
     if (!value.contains(special)) {
@@ -32,8 +36,22 @@ QString piece(QLatin1StringView key, const QString& value) {
     return key + "={"_L1 + QString(value).replace(u'}', "}}"_L1) + "};"_L1;
 }
 
+/// The same for FreeTDS, which takes a brace inside the value as it stands: a doubled one would become part of a
+/// password. What it cannot be told at all is refused, so that the reason is seen.
+QString freeTdsPiece(QLatin1StringView key, const QString& value) {
+    static const QRegularExpression special(u"^[{\\s]|;|\\s$"_s);
+    const bool braced = value.contains(special);
+    if (value.contains(QChar::Null)) {
+        refuse(key, "a NUL character"_L1);
+    }
+    if (braced && value.contains("};"_L1)) {
+        refuse(key, "the signs \"};\""_L1);
+    }
+    return braced ? key + "={"_L1 + value + "};"_L1 : key + u'=' + value + u';';
+}
+
 /// The server as FreeTDS takes it: it knows neither the protocol in front nor the names for this machine, and wants
-/// the port apart.
+/// the port apart. Throws DatabaseError when that is no port.
 QString freeTdsServer(const QString& dataSource) {
     QString server = dataSource.trimmed();
     if (server.startsWith("tcp:"_L1, Qt::CaseInsensitive)) {
@@ -50,12 +68,12 @@ QString freeTdsServer(const QString& dataSource) {
     }
     if (comma < 0 && !instance.isEmpty()) {
         // The instance's port is asked from the server's browser service.
-        return piece("SERVER"_L1, host + instance);
+        return freeTdsPiece("SERVER"_L1, host + instance);
     }
     if (comma >= 0 && port.toUShort() == 0) {
         throw DatabaseError(0, u"The server's port is no port number: %1"_s.arg(dataSource), u"08001"_s);
     }
-    return piece("SERVER"_L1, host) + piece("PORT"_L1, comma < 0 ? u"1433"_s : port);
+    return freeTdsPiece("SERVER"_L1, host) + freeTdsPiece("PORT"_L1, comma < 0 ? u"1433"_s : port);
 }
 
 }  // namespace
@@ -78,19 +96,22 @@ QString bestDriver(const QStringList& installed) {
 }
 
 QString driverConnectionString(const QString& driver, const ConnectionParts& parts) {
-    const QString login =
-        piece("UID"_L1, parts.userId) + piece("PWD"_L1, parts.password) + piece("DATABASE"_L1, parts.initialCatalog);
     if (driver == freeTds) {
-        return "DRIVER=FreeTDS;"_L1 + freeTdsServer(parts.dataSource) + login +
+        return "DRIVER=FreeTDS;"_L1 + freeTdsServer(parts.dataSource) + freeTdsPiece("UID"_L1, parts.userId) +
+               freeTdsPiece("PWD"_L1, parts.password) + freeTdsPiece("DATABASE"_L1, parts.initialCatalog) +
                "TDS_Version=7.4;ClientCharset=UTF-8;"_L1;
     }
-    const QString common = "DRIVER={"_L1 + driver + "};"_L1 + piece("SERVER"_L1, parts.dataSource.trimmed()) + login;
-    constexpr int demandsEncryption = 18;
-    const int version = microsoftVersion(driver);
+    QString text = "DRIVER={"_L1 + driver + "};"_L1 + piece("SERVER"_L1, parts.dataSource.trimmed()) +
+                   piece("UID"_L1, parts.userId) + piece("PWD"_L1, parts.password) +
+                   piece("DATABASE"_L1, parts.initialCatalog);
     // A server inside an organisation seldom has a certificate that the workstations trust; from version 18 on the
     // driver would refuse such a server unless told not to.
-    return common + (version > 0 ? "TrustServerCertificate=yes;"_L1 : ""_L1) +
-           (version >= demandsEncryption ? "Encrypt=optional;"_L1 : ""_L1);
+    constexpr int demandsEncryption = 18;
+    if (const int version = microsoftVersion(driver); version > 0) {
+        text += "TrustServerCertificate=yes;"_L1;
+        text += version >= demandsEncryption ? "Encrypt=optional;"_L1 : ""_L1;
+    }
+    return text;
 }
 
 }  // namespace talvora::odbc

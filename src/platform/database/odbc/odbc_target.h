@@ -12,7 +12,7 @@ namespace talvora::odbc {
 QString bestDriver(const QStringList& installed);
 
 /// `driver`'s connection string for `parts`. The server goes in as its administrators write it: host, host,port or
-/// host\instance. Throws DatabaseError (IM012) when a part holds a NUL character, where a driver would stop reading.
+/// host\instance. Throws DatabaseError when a part holds what the driver cannot be told, such as a NUL character.
 QString driverConnectionString(const QString& driver, const ConnectionParts& parts);
 
 }  // namespace talvora::odbc
