@@ -22,11 +22,12 @@ struct NumberKey {
         return record.*Field;
     }
     static bool parse(const QString& text, Type& key) {
-        bool ok = false;
-        if (text.startsWith(u'a', Qt::CaseInsensitive)) {
-            key = QStringView(text).sliced(1).toInt(&ok);
+        if (!text.startsWith(u'a', Qt::CaseInsensitive)) {
+            return false;
         }
-        return ok;
+        const QStringView digits = QStringView(text).sliced(1);
+        key = digits.toInt();
+        return digits == QString::number(key);
     }
 };
 

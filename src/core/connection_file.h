@@ -20,7 +20,7 @@ QString connectionFileName();
 /// text that 16-bit counters cannot walk.
 QString UnscrambleText(const QString& Text);
 
-/// Reads the file. Throws RuntimeError: 53 when it cannot be read, 6 when it is too long, 9 when it holds fewer than
+/// Reads the file. Throws RuntimeError: 75 when it cannot be read, 6 when it is too long, 9 when it holds fewer than
 /// the five pieces.
 ConnectionFile readConnectionFile(const QString& path);
 

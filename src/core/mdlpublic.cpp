@@ -1,0 +1,40 @@
+#include "core/mdlpublic.h"
+
+#include "core/connection_file.h"
+#include "platform/runtime_error.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+namespace talvora {
+
+using namespace Qt::StringLiterals;
+
+Connection cnnPublic;
+QString strCurrentUser;
+
+bool ConnectServer(const QString& folder) {
+    constexpr int statementSeconds = 10;
+    try {
+        ConnectionFile file;
+        const QString path = QDir(folder).filePath(connectionFileName());
+        if (QFileInfo::exists(path)) {
+            file = readConnectionFile(path);
+        }
+        cnnPublic.CommandTimeout = statementSeconds;
+        cnnPublic.ConnectionString = u"Provider=SQLOLEDB.1;Persist Security Info=True;User ID="_s + file.login +
+                                     u";Initial Catalog="_s + file.database + u";Data Source="_s + file.server +
+                                     u";pwd="_s + file.password;
+        cnnPublic.Open();
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+bool ConnectServer() {
+    return ConnectServer(QCoreApplication::applicationDirPath());
+}
+
+}  // namespace talvora
