@@ -44,6 +44,7 @@ function(talvora_prove_layers)
     endforeach()
 
     file(GLOB_RECURSE records CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*/c[a-z]*.h ${PROJECT_SOURCE_DIR}/src/*/c[a-z]*.cpp)
+    list(FILTER records EXCLUDE REGEX "/src/toolkit/")
     foreach(record IN LISTS records)
         file(STRINGS ${record} includes REGEX "#include.*(toolkit/|<Q(Widget|Dialog|Application|MessageBox))")
         if(includes)

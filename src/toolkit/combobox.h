@@ -15,7 +15,7 @@ class ComboBox : public QComboBox {
     explicit ComboBox(QWidget* parent = nullptr);
 
     /// Appends an item with its number. The selection and what was typed stay as they are.
-    void AddItem(const QString& text, qint32 data = 0);
+    void AddItem(const QString& text, qint32 number = 0);
 
     /// Takes all items away, the selection and the text with them. No Click.
     void Clear();

@@ -99,12 +99,16 @@ class Form {
                          [handler](Values... values) { guarded([&] { handler(values...); }); });
     }
 
+    friend class FormEvents;
+
     void place();
     void drop();
+    void showWindow(Qt::WindowModality modality);
     void waitUntil(const std::function<bool()>& over);
     static void endWaits(const Form* form);
     static std::vector<Wait*>& waits();
 
+    bool unloading_ = false;
     QPointer<QWidget> window_;
     QPointer<QObject> context_;  // receives every signal; its end cuts all connections at once
 };

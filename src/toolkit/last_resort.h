@@ -31,9 +31,16 @@ void setProgramEnder(std::function<void(ProgramEnd)> ender);
 /// The run-time's error box with the number and words of `error`; then the program ends.
 [[noreturn]] void lastResort(const RuntimeError& error);
 
-/// Runs a handler of the event dispatch: an error that leaves it goes to the last resort.
+/// Whether the error box is on the screen, after which nothing follows.
+bool programIsFailing();
+
+/// Runs a handler of the event dispatch: an error that leaves it goes to the last resort. While the error box of
+/// another one is on the screen, no handler runs any more, a timer's least of all.
 template <class Handler>
 void guarded(Handler&& handler) {
+    if (programIsFailing()) {
+        return;
+    }
     try {
         handler();
     } catch (const ProgramEnded&) {

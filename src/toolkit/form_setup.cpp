@@ -1,0 +1,57 @@
+#include "toolkit/form_setup.h"
+
+#include "toolkit/theme.h"
+
+#include <QAbstractItemView>
+#include <QGuiApplication>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QTextEdit>
+
+namespace talvora {
+
+namespace {
+
+// What a window's frame and title bar take, where the platform has not told yet.
+constexpr QSize FrameAllowance(16, 40);
+
+}  // namespace
+
+void prepareControls(QWidget& window) {
+    const auto controls = window.findChildren<QWidget*>();
+    for (QWidget* control : controls) {
+        if (control->property("required").toBool()) {
+            setRequired(control);
+        }
+        if (auto* text = qobject_cast<QPlainTextEdit*>(control)) {
+            text->setTabChangesFocus(true);
+        } else if (auto* richText = qobject_cast<QTextEdit*>(control)) {
+            richText->setTabChangesFocus(true);
+        } else if (auto* list = qobject_cast<QAbstractItemView*>(control)) {
+            list->setTabKeyNavigation(false);
+        } else if (auto* button = qobject_cast<QPushButton*>(control)) {
+            button->setAutoDefault(false);
+        }
+    }
+}
+
+void placeWindow(QWidget& window, const QWidget* owner) {
+    const QRect room = (owner ? owner->screen() : QGuiApplication::primaryScreen())->availableGeometry();
+    window.ensurePolished();
+    const bool hasPlace = window.testAttribute(Qt::WA_Moved);
+    const QSize wanted = hasPlace ? window.size() : window.size().expandedTo(window.sizeHint());
+    window.resize(wanted.boundedTo(room.size() - FrameAllowance));
+    if (hasPlace) {
+        return;
+    }
+    QRect frame(QPoint(), window.size() + FrameAllowance);
+    frame.moveCenter(owner ? owner->frameGeometry().center() : room.center());
+    frame.moveRight(qMin(frame.right(), room.right()));
+    frame.moveBottom(qMin(frame.bottom(), room.bottom()));
+    frame.moveLeft(qMax(frame.left(), room.left()));
+    frame.moveTop(qMax(frame.top(), room.top()));
+    window.move(frame.topLeft());
+}
+
+}  // namespace talvora

@@ -1,0 +1,15 @@
+#pragma once
+
+class QWidget;
+
+namespace talvora {
+
+/// Gives the controls of a new window what the .ui file only names: required fields their look, Tab its way out of
+/// lists and texts of several lines, Enter to the buttons that have the focus.
+void prepareControls(QWidget& window);
+
+/// Sizes a window to its contents, but never larger than its screen, and centres it over `owner` (nullptr: on the
+/// screen), unless it has been given a place already.
+void placeWindow(QWidget& window, const QWidget* owner);
+
+}  // namespace talvora

@@ -1,0 +1,110 @@
+#include "toolkit/theme.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFontDatabase>
+#include <QPalette>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QWidget>
+
+// A static library's resources are linked in only where they are asked for, and the macro wants the global namespace.
+static void initStyleSheet() {
+    Q_INIT_RESOURCE(toolkit);
+}
+
+namespace talvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qreal SmallestPoints = 9.0;
+constexpr qreal LargestPoints = 10.5;
+constexpr QColor Disabled{0x8b, 0x94, 0xa1};
+
+QPalette palette() {
+    QPalette palette;
+    palette.setColor(QPalette::Window, theme::Window);
+    palette.setColor(QPalette::WindowText, theme::Text);
+    palette.setColor(QPalette::Base, theme::Surface);
+    palette.setColor(QPalette::AlternateBase, theme::Window);
+    palette.setColor(QPalette::Text, theme::Text);
+    palette.setColor(QPalette::Button, theme::Surface);
+    palette.setColor(QPalette::ButtonText, theme::Text);
+    palette.setColor(QPalette::BrightText, theme::Surface);
+    palette.setColor(QPalette::Mid, theme::Line);
+    palette.setColor(QPalette::Highlight, theme::Accent);
+    palette.setColor(QPalette::HighlightedText, theme::Surface);
+    palette.setColor(QPalette::Link, theme::Accent);
+    palette.setColor(QPalette::PlaceholderText, theme::TextQuiet);
+    palette.setColor(QPalette::ToolTipBase, theme::Surface);
+    palette.setColor(QPalette::ToolTipText, theme::Text);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, Disabled);
+    }
+    palette.setColor(QPalette::Disabled, QPalette::Base, theme::Window);
+    return palette;
+}
+
+// The style sheet names the colours of theme.h by @tokens.
+QString styleSheet() {
+    initStyleSheet();
+    QFile file(u":/talvora/theme.qss"_s);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    QString sheet = QString::fromUtf8(file.readAll());
+    const std::pair<QString, QColor> tokens[] = {
+        {u"@accent-soft"_s, theme::AccentSoft},
+        {u"@accent"_s, theme::Accent},
+        {u"@required"_s, theme::Required},
+        {u"@window"_s, theme::Window},
+        {u"@surface"_s, theme::Surface},
+        {u"@header"_s, theme::Header},
+        {u"@line"_s, theme::Line},
+        {u"@text-quiet"_s, theme::TextQuiet},
+        {u"@text"_s, theme::Text},
+        {u"@disabled"_s, Disabled},
+    };
+    for (const auto& [token, color] : tokens) {
+        sheet.replace(token, color.name());
+    }
+    return sheet;
+}
+
+}  // namespace
+
+QFont theme::interfaceFont() {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    const QStringList installed = QFontDatabase::families();
+    for (const QString& family : {u"Microsoft YaHei UI"_s, u"PingFang SC"_s, u"Noto Sans CJK SC"_s,
+                                  u"Source Han Sans SC"_s, u"WenQuanYi Micro Hei"_s, u"Microsoft YaHei"_s}) {
+        if (installed.contains(family)) {
+            font.setFamilies({family});
+            break;
+        }
+    }
+#ifndef Q_OS_MACOS
+    font.setPointSizeF(qBound(SmallestPoints, font.pointSizeF(), LargestPoints));
+#endif
+    return font;
+}
+
+void applyTheme(QApplication& application) {
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setPalette(palette());
+    QApplication::setFont(theme::interfaceFont());
+    application.setStyleSheet(styleSheet());
+}
+
+void setRequired(QWidget* field, bool required) {
+    field->setProperty("required", required);
+    if (required && field->toolTip().isEmpty()) {
+        field->setToolTip(u"淡黄背景表示必填项"_s);
+    }
+    field->style()->unpolish(field);
+    field->style()->polish(field);
+}
+
+}  // namespace talvora
