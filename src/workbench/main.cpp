@@ -1,0 +1,19 @@
+#include "core/mdlpublic.h"
+#include "toolkit/application.h"
+#include "toolkit/last_resort.h"
+#include "workbench/main_routine.h"
+
+int main(int argc, char** argv) {
+    talvora::Application application(argc, argv);
+    // A test cut off by an error must not be stored in part, so only an orderly end keeps what is still open.
+    talvora::onProgramEnd([](talvora::ProgramEnd end) {
+        if (end == talvora::ProgramEnd::Orderly) {
+            talvora::cnnPublic.Close();
+        } else {
+            talvora::cnnPublic.Abandon();
+        }
+    });
+    const int code = application.run(talvora::Main);
+    talvora::cnnPublic.Close();
+    return code;
+}
