@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <clocale>
 
 using namespace talvora;
 using namespace Qt::StringLiterals;
@@ -37,6 +38,8 @@ class OdbcDriverTest : public testing::Test {
         if (!isInstalled(u"SQLite3"_s)) {
             GTEST_SKIP() << "the ODBC driver SQLite3 is not installed";
         }
+        // The driver manager turns texts into the locale's encoding for a driver that has no wide functions.
+        std::setlocale(LC_CTYPE, "C.UTF-8");
         driver_ = open();
         driver_->execute(
             u"create table t (id integer, name nvarchar(50), score double, noted timestamp, born date, "
