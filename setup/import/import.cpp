@@ -1,0 +1,180 @@
+#include "setup/import/import.h"
+
+#include "core/mdlpublic.h"
+#include "core/resume_next.h"
+#include "setup/import/bank.h"
+#include "setup/import/csv.h"
+#include "setup/import/text_file.h"
+#include "testbank/cexamination.h"
+#include "testbank/ctestingtype.h"
+
+#include <ranges>
+
+namespace talvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Writes the papers one by one, each with the types that it needs and that are not there yet, and takes all of it out
+// again when one fails.
+class BankWriter {
+ public:
+    BankWriter(BankPlan& plan, ImportOutcome& outcome) : plan_(plan), outcome_(outcome) {}
+
+    void write(const std::vector<ImportPaper>& papers, const Progress& progress) {
+        try {
+            for (std::size_t i = 0; i < papers.size(); ++i) {
+                writePaper(papers[i]);
+                if (progress) {
+                    progress(static_cast<int>(i + 1), static_cast<int>(papers.size()));
+                }
+            }
+        } catch (const RuntimeError& error) {
+            const auto rest =
+                undo() == Status::Done ? u"已写入的内容已全部撤销。"_s : u"已写入的内容未能全部撤销，请检查题库！"_s;
+            throw RuntimeError(error.number(), error.description() + u'\n' + rest);
+        }
+    }
+
+ private:
+    static void demand(Status status, const QString& what) {
+        if (status != Status::Done) {
+            throw RuntimeError(errors::InvalidCall, u"数据库写入失败：%1。"_s.arg(what));
+        }
+    }
+
+    void writePaper(const ImportPaper& paper) {
+        auto& main = plan_.mainType(paper);
+        if (main.code.isEmpty()) {
+            main.code = addMainType(paper);
+        }
+        auto& sub = plan_.subtype(paper);
+        if (sub.code.isEmpty()) {
+            sub.code = addSubtype(paper, main.code, sub);
+        }
+        addPaper(paper, sub.code);
+    }
+
+    static QString codeOf(const QString& kind, const QString& parent, const QString& name) {
+        cTestingTypes types;
+        for (const auto& type : types.Find(kind, parent)) {
+            if (comparable(type->Name) == comparable(name)) {
+                return type->NowCode;
+            }
+        }
+        throw RuntimeError(errors::InvalidCall, u"数据库写入失败：没有找到刚增加的［%1］。"_s.arg(name));
+    }
+
+    QString addMainType(const ImportPaper& paper) {
+        demand(cTestingType().AddNew(u"parent"_s, {}, paper.mainType), u"测评主类［%1］"_s.arg(paper.mainType));
+        types_.append(codeOf(u"1"_s, {}, paper.mainType));
+        ++outcome_.mainTypes;
+        return types_.last();
+    }
+
+    QString addSubtype(const ImportPaper& paper, const QString& mainCode, const BankSubtype& planned) {
+        cTestingType type;
+        type.Author = paper.author;
+        type.Auditing = paper.auditing;
+        type.Approver = paper.approver;
+        type.WriteDate = paper.writeDate;
+        type.AuditingDate = paper.auditingDate;
+        type.ApproverDate = paper.approverDate;
+        type.Note = planned.note;
+        for (qsizetype i = 0; i < planned.words.size(); ++i) {
+            type.*testingTypeWords[static_cast<std::size_t>(i)] = planned.words[i];
+            type.*testingTypeNotes[static_cast<std::size_t>(i)] = planned.explanations[i];
+        }
+        demand(type.AddNew(u"child"_s, mainCode, paper.subtype), u"测评子类［%1］"_s.arg(paper.subtype));
+        types_.append(codeOf(u"2"_s, mainCode, paper.subtype));
+        ++outcome_.subtypes;
+        return types_.last();
+    }
+
+    void addPaper(const ImportPaper& paper, const QString& typeCode) {
+        cExamination examination;
+        examination.TypeCode = typeCode;
+        examination.ExaminationNum = paper.number;
+        examination.Author = paper.author;
+        examination.Auditing = paper.auditing;
+        examination.Approver = paper.approver;
+        examination.WriteDate = paper.writeDate;
+        examination.AuditingDate = paper.auditingDate;
+        examination.ApproverDate = paper.approverDate;
+        examination.AnswerAmount = static_cast<qint16>(paper.questions.front().answers.size());
+        examination.TestingTime = paper.minutes;
+        examination.Note = paper.note;
+        for (std::size_t i = 0; i < paper.bands.size(); ++i) {
+            examination.*examinationScopes[i] = paper.bands[i].scope();
+            examination.*examinationWords[i] = paper.bands[i].word;
+        }
+        examination.Status = paper.isDraft ? u"0 - 建立中"_s : u"1 - 已完成"_s;
+        demand(examination.AddNew(questionsOf(paper)), u"试卷［%1］"_s.arg(paper.number));
+        papers_.append(cExamination::GetExamIDByNum(typeCode, paper.number));
+        ++outcome_.papers;
+        outcome_.questions += static_cast<int>(paper.questions.size());
+    }
+
+    // With the labels that the record cuts off, and running numbers for keys.
+    static cQuestions questionsOf(const ImportPaper& paper) {
+        cQuestions questions;
+        for (const auto& given : paper.questions) {
+            auto question = std::make_shared<cQuestion>();
+            question->QuestionID = static_cast<qint16>(questions.Count() + 1);
+            question->QuestionName = given.text;
+            for (std::size_t i = 0; i < given.scores.size(); ++i) {
+                const QChar letter(static_cast<char16_t>(u'A' + i));
+                (*question).*questionAnswers[i] = letter + u"．"_s + given.answers[static_cast<qsizetype>(i)];
+                (*question).*questionScores[i] = given.scores[i];
+            }
+            questions.Add(question);
+        }
+        return questions;
+    }
+
+    // A paper that failed half way has left its transaction open.
+    Status undo() {
+        ResumeNext rollback;
+        rollback([] { cnnPublic.RollbackTrans(); });
+        Status status = Status::Done;
+        const auto remember = [&](Status step) { status = step == Status::Done ? status : step; };
+        ResumeNext steps;
+        for (const auto paper : papers_ | std::views::reverse) {
+            steps([&] { remember(cExamination::Delete(paper)); });
+        }
+        for (const auto& code : types_ | std::views::reverse) {
+            steps([&] { remember(cTestingType::Delete(code)); });
+        }
+        return status == Status::Done ? steps.status() : status;
+    }
+
+    BankPlan& plan_;
+    ImportOutcome& outcome_;
+    QList<qint16> papers_;  ///< the keys of the papers made so far
+    QStringList types_;     ///< the codes of the types made so far
+};
+
+}  // namespace
+
+ImportOutcome importPapers(const QByteArray& content, const Progress& progress) {
+    ImportOutcome outcome;
+    const auto text = fileText(content, outcome.faults);
+    if (!outcome.faults.empty()) {
+        return outcome;
+    }
+    const auto records = parseCsv(text, csvSeparator(text), outcome.faults);
+    if (!outcome.faults.empty()) {
+        return outcome;
+    }
+    const auto papers = importPapersOf(importRows(records, outcome.faults), outcome.faults);
+    BankPlan plan(papers, outcome.faults);
+    if (!outcome.faults.empty()) {
+        return outcome;
+    }
+    outcome.notes = plan.notes(papers);
+    BankWriter(plan, outcome).write(papers, progress);
+    return outcome;
+}
+
+}  // namespace talvora

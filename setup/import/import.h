@@ -1,0 +1,24 @@
+#pragma once
+
+#include "setup/import/fault.h"
+#include "setup/install.h"
+
+#include <QByteArray>
+
+namespace talvora {
+
+/// What an import did. With faults, nothing is written.
+struct ImportOutcome {
+    ImportFaults faults;
+    QStringList notes;  ///< what the user had better look at, though it is no fault
+    int mainTypes = 0;
+    int subtypes = 0;
+    int papers = 0;
+    int questions = 0;
+};
+
+/// Reads an import file (docs/import-format.md) and writes its types, papers and questions through cnnPublic. Should
+/// the database fail half way, all that was written is taken out again and a RuntimeError tells so.
+ImportOutcome importPapers(const QByteArray& content, const Progress& progress = {});
+
+}  // namespace talvora
