@@ -1,0 +1,17 @@
+#include "tests/support/prompt_script.h"
+#include "toolkit/application.h"
+
+#include <gmock/gmock.h>
+
+// The main of every test program with windows: the program's own application object, on no screen.
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    ::testing::InitGoogleMock(&argc, argv);
+    talvora::Application application(argc, argv);
+    talvora::setPrompter(talvora::test::refuseEveryPrompt());
+    const int result = RUN_ALL_TESTS();
+    talvora::setPrompter(nullptr);
+    return result;
+}
