@@ -148,6 +148,11 @@ QString connectionFileName() {
     return u"cfgserver.bin"_s;
 }
 
+QString connectionString(const ConnectionFile& file) {
+    return u"Provider=SQLOLEDB.1;Persist Security Info=True;User ID="_s + file.login + u";Initial Catalog="_s +
+           file.database + u";Data Source="_s + file.server + u";pwd="_s + file.password;
+}
+
 QString UnscrambleText(const QString& Text) {
     const qsizetype count = std::max<qsizetype>(Text.size() - 1, 0);
     if (count > counterLimit) {

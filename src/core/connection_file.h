@@ -15,6 +15,9 @@ struct ConnectionFile {
 /// The name of the connection file in the application's folder.
 QString connectionFileName();
 
+/// The connection string of the session that the file describes.
+QString connectionString(const ConnectionFile& file);
+
 /// Undoes the scrambling of a text of character codes (in the file's encoding, one code a unit): each code but the last
 /// is raised by its position modulo 10, the last is dropped, and the order is turned round. RuntimeError 6 for a
 /// text that 16-bit counters cannot walk.

@@ -23,9 +23,7 @@ bool ConnectServer(const QString& folder) {
             file = readConnectionFile(path);
         }
         cnnPublic.CommandTimeout = statementSeconds;
-        cnnPublic.ConnectionString = u"Provider=SQLOLEDB.1;Persist Security Info=True;User ID="_s + file.login +
-                                     u";Initial Catalog="_s + file.database + u";Data Source="_s + file.server +
-                                     u";pwd="_s + file.password;
+        cnnPublic.ConnectionString = connectionString(file);
         cnnPublic.Open();
         return true;
     } catch (const RuntimeError&) {
