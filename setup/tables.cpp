@@ -13,6 +13,20 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int missingTable = 208;
+constexpr int missingColumn = 207;
+
+// Whether the statement runs, as far as the error `absence` is concerned.
+bool runs(Connection& connection, const QString& statement, int absence) {
+    try {
+        connection.Execute(statement);
+    } catch (const DatabaseError& error) {
+        if (error.number() != absence) {
+            throw;
+        }
+        return false;
+    }
+    return true;
+}
 
 }  // namespace
 
@@ -35,15 +49,21 @@ std::vector<TableColumns> schemaTables() {
 }
 
 bool hasTable(Connection& connection, const QString& table) {
-    try {
-        connection.Execute(u"select top 1 * from "_s + table);
-    } catch (const DatabaseError& error) {
-        if (error.number() != missingTable) {
-            throw;
-        }
-        return false;
+    return runs(connection, u"select top 1 * from "_s + table, missingTable);
+}
+
+QStringList missingColumns(Connection& connection, const TableColumns& table) {
+    const auto read = u"select top 1 %1 from "_s + table.table;
+    if (runs(connection, read.arg(table.columns.join(u',')), missingColumn)) {
+        return {};
     }
-    return true;
+    QStringList missing;
+    for (const auto& column : table.columns) {
+        if (!runs(connection, read.arg(column), missingColumn)) {
+            missing.append(column);
+        }
+    }
+    return missing;
 }
 
 QStringList presentTables(Connection& connection) {

@@ -19,6 +19,9 @@ std::vector<TableColumns> schemaTables();
 /// Whether the database has a table, readable by this login.
 bool hasTable(Connection& connection, const QString& table);
 
+/// The columns of the table that the database lacks.
+QStringList missingColumns(Connection& connection, const TableColumns& table);
+
 /// Those of our tables that the database has.
 QStringList presentTables(Connection& connection);
 

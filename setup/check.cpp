@@ -1,0 +1,165 @@
+#include "setup/check.h"
+
+#include "platform/runtime_error.h"
+#include "setup/install.h"
+#include "setup/tables.h"
+
+#include <algorithm>
+
+namespace talvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Checker {
+ public:
+    explicit Checker(Connection& connection) : connection_(connection) {}
+
+    std::vector<CheckItem> items() {
+        if (tables()) {
+            guarded(u"模块目录"_s, [this] { modules(); });
+            guarded(u"功能目录"_s, [this] { functions(); });
+            guarded(u"选项"_s, [this] { options(); });
+            guarded(u"系统角色"_s, [this] { systemRole(); });
+            guarded(u"系统用户"_s, [this] { systemUser(); });
+            guarded(u"排序规则（大小写）"_s, [this] { letterCase(); });
+            guarded(u"排序规则（全角半角）"_s, [this] { width(); });
+        }
+        return std::move(items_);
+    }
+
+ private:
+    void add(bool isGood, const QString& text) { items_.push_back({isGood, text}); }
+
+    template <class Step>
+    void guarded(const QString& subject, Step&& step) {
+        try {
+            step();
+        } catch (const RuntimeError& error) {
+            add(false, subject + u"：检查失败，"_s + error.description());
+        }
+    }
+
+    bool tables() {
+        bool areThere = true;
+        for (const auto& table : schemaTables()) {
+            guarded(u"表 "_s + table.table, [&] { areThere = columns(table) && areThere; });
+        }
+        return areThere && std::all_of(items_.begin(), items_.end(), [](const CheckItem& item) { return item.isGood; });
+    }
+
+    bool columns(const TableColumns& table) {
+        if (!hasTable(connection_, table.table)) {
+            add(false, u"表 %1：不存在"_s.arg(table.table));
+            return false;
+        }
+        const auto missing = missingColumns(connection_, table);
+        if (!missing.isEmpty()) {
+            add(false, u"表 %1：缺少列 %2"_s.arg(table.table, missing.join(u'、')));
+            return false;
+        }
+        add(true, u"表 %1：%2 列"_s.arg(table.table).arg(table.columns.size()));
+        return true;
+    }
+
+    // The rows of the catalogue that the database must have as well, told by one text column.
+    void demandRows(const QString& subject, const QString& statement, Connection& model) {
+        QStringList missing;
+        const auto wanted = firstColumn(model, statement);
+        const auto present = firstColumn(connection_, statement);
+        for (const auto& text : wanted) {
+            if (!present.contains(text, Qt::CaseInsensitive)) {
+                missing.append(text);
+            }
+        }
+        add(missing.isEmpty(), missing.isEmpty() ? u"%1：%2 项齐全"_s.arg(subject).arg(wanted.size())
+                                                 : u"%1：缺少 %2"_s.arg(subject, missing.join(u'、')));
+    }
+
+    static QStringList firstColumn(Connection& connection, const QString& statement) {
+        QStringList texts;
+        const auto rows = connection.Execute(statement);
+        for (const auto row : rows) {
+            texts.append(row.text(0));
+        }
+        return texts;
+    }
+
+    // A database as the installation leaves it, to compare with.
+    Connection& model() {
+        if (!model_.IsOpen()) {
+            model_.ConnectionString = u"Data Source=embedded;Initial Catalog=:memory:"_s;
+            model_.Open();
+            installSchema(model_);
+            installCatalogue(model_, u"model"_s);
+        }
+        return model_;
+    }
+
+    void modules() {
+        demandRows(u"模块目录"_s, u"select TableName from Modules where len(ModuleCode)=6"_s, model());
+        add(countOf(connection_,
+                    u"select count(*) from Modules a,Modules b where len(a.ModuleCode)=6 and len(b.ModuleCode)=3 "
+                    "and left(a.ModuleCode,3)=b.ModuleCode"_s) >= 6,
+            u"模块目录：每个模块都在一个分组之下"_s);
+    }
+
+    void functions() {
+        demandRows(u"功能目录"_s,
+                   u"select m.TableName + '.' + f.FunctionKey from Modules m,ModuleFunction f "
+                   "where m.ModuleCode=f.ModuleCode"_s,
+                   model());
+    }
+
+    void options() { demandRows(u"选项"_s, u"select VarName from Options"_s, model()); }
+
+    void systemRole() {
+        const auto roles = countOf(connection_, u"select count(*) from Roles where RoleName='系统管理员'"_s);
+        add(roles == 1, u"系统角色［系统管理员］：%1"_s.arg(roles == 1 ? u"存在"_s : u"不存在或不唯一"_s));
+    }
+
+    void systemUser() {
+        const auto users = connection_.Execute(u"select Password,Locked from Users where UserName='admin'"_s);
+        if (users.RecordCount() != 1) {
+            add(false, u"系统用户［admin］：不存在或不唯一"_s);
+            return;
+        }
+        const bool isOpen = users.first().number16Or0("Locked") == 0;
+        const bool hasPassword = !users.first().text("Password").isEmpty();
+        add(isOpen, u"系统用户［admin］：%1"_s.arg(isOpen ? u"可以登录"_s : u"已锁定"_s));
+        add(hasPassword, u"系统用户［admin］：%1"_s.arg(hasPassword ? u"有密码"_s : u"没有密码"_s));
+    }
+
+    void letterCase() {
+        const bool isGood =
+            countOf(connection_, u"select count(*) from Modules where TableName='TESTING'"_s) == 1;
+        add(isGood, u"排序规则：%1"_s.arg(isGood ? u"不区分大小写"_s : u"区分大小写，应为 Chinese_PRC_CI_AS"_s));
+    }
+
+    // On a copy of the column, since only the column itself tells the collation that it was made with.
+    void width() {
+        connection_.Execute(u"select ScoreScope1 into #WidthProbe from Examination where ExaminationID=0"_s);
+        connection_.Execute(u"insert into #WidthProbe (ScoreScope1) values ('0-59')"_s);
+        const bool isGood =
+            countOf(connection_, u"select patindex('%－%',ScoreScope1) from #WidthProbe"_s) == 2;
+        connection_.Execute(u"drop table #WidthProbe"_s);
+        add(isGood, u"排序规则：%1"_s.arg(isGood ? u"不区分全角与半角"_s : u"区分全角与半角，测评将无法计分"_s));
+    }
+
+    Connection& connection_;
+    Connection model_;
+    std::vector<CheckItem> items_;
+};
+
+}  // namespace
+
+std::vector<CheckItem> checkDatabase(Connection& connection) {
+    return Checker(connection).items();
+}
+
+bool isComplete(const std::vector<CheckItem>& items) {
+    return std::all_of(items.begin(), items.end(), [](const CheckItem& item) { return item.isGood; });
+}
+
+}  // namespace talvora

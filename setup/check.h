@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/database/connection.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace talvora {
+
+/// One finding of the check, in words for the user.
+struct CheckItem {
+    bool isGood = false;
+    QString text;
+};
+
+/// Whether the database has all that the program rests on: tables and columns, catalogue rows, options, the system role
+/// and the system user, and a collation that minds neither case nor width. Writes nothing. A failing statement becomes
+/// a finding.
+std::vector<CheckItem> checkDatabase(Connection& connection);
+
+/// Whether every finding is good.
+bool isComplete(const std::vector<CheckItem>& items);
+
+}  // namespace talvora
