@@ -1,13 +1,11 @@
-#include "platform/database/odbc/odbc_api.h"
 #include "platform/database/odbc/odbc_driver.h"
-#include "platform/database/odbc/odbc_handle.h"
+#include "platform/database/odbc/odbc_target.h"
 #include "platform/runtime_error.h"
 
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-#include <array>
 #include <clocale>
 
 using namespace talvora;
@@ -15,27 +13,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isInstalled(const QString& driver) {
-    constexpr SQLSMALLINT longest = 256;
-    const odbc::Handle environment;
-    std::array<SQLWCHAR, longest> name{};
-    SQLSMALLINT length = 0;
-    SQLUSMALLINT direction = SQL_FETCH_FIRST;
-    while (
-        SQL_SUCCEEDED(SQLDriversW(environment.get(), direction, name.data(), longest, &length, nullptr, 0, nullptr))) {
-        if (odbc::fromWide(name.data(), length) == driver) {
-            return true;
-        }
-        direction = SQL_FETCH_NEXT;
-    }
-    return false;
-}
-
 /// What every ODBC driver must do for a session, tried on the one for SQLite files.
 class OdbcDriverTest : public testing::Test {
  protected:
     void SetUp() override {
-        if (!isInstalled(u"SQLite3"_s)) {
+        if (!odbc::installedDrivers().contains(u"SQLite3"_s)) {
             GTEST_SKIP() << "the ODBC driver SQLite3 is not installed";
         }
         // The driver manager turns texts into the locale's encoding for a driver that has no wide functions.

@@ -37,7 +37,15 @@ Recordset Connection::Execute(const QString& statement) {
 
 void Connection::BeginTrans() {
     if (inTransaction_) {
-        CommitTrans();
+        try {
+            CommitTrans();
+        } catch (const DatabaseError& error) {
+            // A server that rolled the transaction back by itself has none left to commit.
+            constexpr int noTransaction = 3902;
+            if (error.number() != noTransaction) {
+                throw;
+            }
+        }
     }
     driver(u"begin transaction"_s).beginTransaction();
     inTransaction_ = true;

@@ -4,7 +4,6 @@
 #include "platform/database/odbc/odbc_rows.h"
 #include "platform/database/odbc/odbc_target.h"
 
-#include <array>
 #include <cstdint>
 
 namespace talvora {
@@ -59,27 +58,10 @@ class OdbcDriver final : public Driver {
     int timeoutSeconds_;
 };
 
-QStringList installedDrivers() {
-    constexpr SQLSMALLINT longest = 256;
-    const Handle environment;
-    QStringList names;
-    std::array<SQLWCHAR, longest> name{};
-    std::array<SQLWCHAR, longest> attributes{};
-    SQLSMALLINT nameLength = 0;
-    SQLSMALLINT attributesLength = 0;
-    SQLUSMALLINT direction = SQL_FETCH_FIRST;
-    while (SQL_SUCCEEDED(SQLDriversW(environment.get(), direction, name.data(), longest, &nameLength, attributes.data(),
-                                     longest, &attributesLength))) {
-        names << odbc::fromWide(name.data(), std::min<qsizetype>(nameLength, longest - 1));
-        direction = SQL_FETCH_NEXT;
-    }
-    return names;
-}
-
 }  // namespace
 
 std::unique_ptr<Driver> openOdbc(const ConnectionParts& parts, int timeoutSeconds) {
-    const QString driver = odbc::bestDriver(installedDrivers());
+    const QString driver = odbc::bestDriver(odbc::installedDrivers());
     if (driver.isEmpty()) {
         throw DatabaseError(0, u"No ODBC driver for SQL Server is installed"_s, u"IM002"_s);
     }

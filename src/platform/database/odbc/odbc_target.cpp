@@ -1,8 +1,11 @@
 #include "platform/database/odbc/odbc_target.h"
 
-#include "platform/runtime_error.h"
+#include "platform/database/odbc/odbc_handle.h"
 
 #include <QRegularExpression>
+
+#include <algorithm>
+#include <array>
 
 namespace talvora::odbc {
 
@@ -77,6 +80,23 @@ QString freeTdsServer(const QString& dataSource) {
 }
 
 }  // namespace
+
+QStringList installedDrivers() {
+    constexpr SQLSMALLINT longest = 256;
+    const Handle environment;
+    QStringList names;
+    std::array<SQLWCHAR, longest> name{};
+    std::array<SQLWCHAR, longest> attributes{};
+    SQLSMALLINT nameLength = 0;
+    SQLSMALLINT attributesLength = 0;
+    SQLUSMALLINT direction = SQL_FETCH_FIRST;
+    while (SQL_SUCCEEDED(SQLDriversW(environment.get(), direction, name.data(), longest, &nameLength, attributes.data(),
+                                     longest, &attributesLength))) {
+        names << fromWide(name.data(), std::min<qsizetype>(nameLength, longest - 1));
+        direction = SQL_FETCH_NEXT;
+    }
+    return names;
+}
 
 QString bestDriver(const QStringList& installed) {
     QString best;

@@ -7,6 +7,9 @@
 
 namespace talvora::odbc {
 
+/// The names of the ODBC drivers of this machine. Throws DatabaseError when ODBC itself is not available.
+QStringList installedDrivers();
+
 /// The best of the `installed` drivers for SQL Server: "ODBC Driver NN for SQL Server" with the highest NN, then
 /// FreeTDS, then the old "SQL Server". Empty when there is none.
 QString bestDriver(const QStringList& installed);
