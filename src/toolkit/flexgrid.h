@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/flexgrid_types.h"
+#include "toolkit/flexgrid_merge.h"
 
 #include <QColor>
 #include <QHash>
@@ -8,15 +8,14 @@
 #include <QString>
 #include <QTableView>
 
-#include <memory>
 #include <vector>
+
+class QPainter;
 
 namespace talvora {
 
-class FrozenGridColumns;
 class GridDelegate;
 class GridHeader;
-class GridModel;
 
 /// The program's grid: lists, outlines and tables by row and column number.
 ///
@@ -76,7 +75,7 @@ class FlexGrid : public QTableView {
     void setTextMatrix(int row, int col, const QString& text);
     /// A text that a row carries unseen. It moves with its row.
     QString RowData(int row) const;
-    void setRowData(int row, const QString& data);
+    void setRowData(int row, const QString& text);
 
     /// Colours, faces and pictures of cells. An invalid colour or a null picture gives the cell its own look back.
     QColor CellBackColor(int row, int col) const;
@@ -131,10 +130,11 @@ class FlexGrid : public QTableView {
     std::vector<int> SelectedRows() const;
 
     /// The cell's place in viewport() coordinates, empty when it is hidden or folded away. A merged cell is one place.
-    QRect CellRect(int row, int col) const;
+    QRect CellRect(int row, int col);
 
+    QModelIndex indexAt(const QPoint& place) const override;
+    QRect visualRect(const QModelIndex& index) const override;
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
-    QSize sizeHint() const override;
 
  Q_SIGNALS:
     /// A cell or a title was clicked, or Space was pressed on the current row. Row() and Col() tell which. A click on
@@ -144,62 +144,67 @@ class FlexGrid : public QTableView {
     void DblClick();
 
  protected:
-    void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
-    void updateGeometries() override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
-    friend class FrozenGridColumns;
-
-    // Filling and layout: what was changed is announced to the view in one go, when the grid is next looked at.
+    // What was changed is announced to the view and laid out in one go, when the grid is next looked at.
     void later();
     void settle();
-    void relayout();
-    void applyTitles();
-    int widthOfTitle(const QString& title) const;
-    void stretch();
+    void announceRows();
+    void keepCursor(int row, int col, const std::vector<int>& selected);
+    void joinCells();
     void fitRowHeights();
-    int heightOf(int viewRow) const;
-    void mergeDown();
-    void placeFrozen();
+    int heightOf(int modelRow, const QStyleOptionViewItem& option) const;
+    void stretch();
+    void applyFont();
+    void columnResized(int col);
+    int widthOfTitle(const QString& title) const;
+    QString titleKey(int col) const;
+    void resizeColumn(int col, int width);
+    bool anyWrap() const;
+
+    int stayingColumns() const;
+    void placeStaying();
+    void paintStaying(QPainter& painter, const QModelIndex& first) const;
+    void paintBeyond(QPainter& painter, const QModelIndex& first) const;
 
     QModelIndex indexOf(int row, int col) const;
-    QModelIndex cellAt(const QPoint& place) const;
-    void restoreCursor(int row, int col, const std::vector<int>& selected);
-    void toggle(int row);
+    int firstVisibleCol() const;
+    bool pressExpander(const QMouseEvent& event);
     bool foldByKey(int key);
     void headerClicked(int col);
     void headerDoubleClicked(int col);
-    void columnResized(int col, int oldWidth, int newWidth);
 
     GridModel* model_;
+    GridMerging merging_;
     GridHeader* header_;
     GridDelegate* delegate_;
-    std::unique_ptr<FrozenGridColumns> frozen_;
 
     QString formatString_;
     QHash<QString, int> draggedWidths_;
-    std::vector<bool> wrapped_;
-    std::vector<bool> mergedCols_;
-    GridMerge merge_ = GridMerge::Never;
+    GridOutlineBar outlineBar_ = GridOutlineBar::None;
+    int outlineCol_ = 0;
     int fixedCols_ = 0;
     int frozenCols_ = 0;
     int stretchCol_ = -1;
-    int headerRow_ = -1;
-    int headerCol_ = 0;
+    int headerCol_ = -1;
     QPersistentModelIndex pressed_;
     bool pending_ = false;
-    bool settling_ = false;
     bool sizing_ = false;
-    bool spanned_ = false;
-    bool heightsStale_ = true;
+    bool merged_ = false;
+    bool heightsStale_ = false;
     bool expanderPressed_ = false;
     bool secondPress_ = false;
 };

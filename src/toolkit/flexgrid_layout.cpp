@@ -1,0 +1,237 @@
+#include "toolkit/flexgrid.h"
+#include "toolkit/flexgrid_delegate.h"
+#include "toolkit/flexgrid_header.h"
+#include "toolkit/flexgrid_paint.h"
+
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace talvora {
+
+namespace {
+
+constexpr ushort FirstWideCharacter = 0x1100;
+
+}  // namespace
+
+void FlexGrid::setFormatString(const QString& titles) {
+    formatString_ = titles;
+    const QStringList names = titles.split(u'|');
+    setCols(std::max(Cols(), static_cast<int>(names.size())));
+    for (int col = 0; col < names.size(); ++col) {
+        model_->setText(0, col, names[col]);
+        resizeColumn(col, draggedWidths_.value(titleKey(col), widthOfTitle(names[col])));
+    }
+}
+
+QString FlexGrid::FormatString() const {
+    return formatString_;
+}
+
+// A blank stands for half a Chinese character, which is how the titles' widths are meant, though few faces draw it so.
+int FlexGrid::widthOfTitle(const QString& title) const {
+    QFont face = font();
+    face.setWeight(QFont::DemiBold);
+    const QFontMetrics metrics(face);
+    const auto wide = std::count_if(title.begin(), title.end(), [](QChar c) { return c >= FirstWideCharacter; });
+    const auto halves = static_cast<int>(title.size() + wide);
+    const int meant = halves * metrics.horizontalAdvance(u'国') / 2;
+    return std::max(meant, metrics.horizontalAdvance(title)) + 2 * grid::PaddingX;
+}
+
+QString FlexGrid::titleKey(int col) const {
+    return QString::number(col) + u'|' + model_->text(0, col);
+}
+
+void FlexGrid::resizeColumn(int col, int width) {
+    sizing_ = true;
+    if (isColumnHidden(col)) {
+        // The width is that of the column when it is shown.
+        setColumnHidden(col, false);
+        setColumnWidth(col, width);
+        setColumnHidden(col, true);
+    } else {
+        setColumnWidth(col, width);
+    }
+    sizing_ = false;
+    later();
+}
+
+void FlexGrid::setColWidth(int col, int pixels) {
+    static_cast<void>(model_->column(col));
+    resizeColumn(col, pixels);
+}
+
+bool FlexGrid::ColWordWrap(int col) const {
+    return model_->column(col), delegate_->wraps(col);
+}
+
+void FlexGrid::setColWordWrap(int col, bool wrap) {
+    static_cast<void>(model_->column(col));
+    auto& wrapped = delegate_->wrapped;
+    wrapped.resize(std::max(wrapped.size(), static_cast<std::size_t>(col) + 1));
+    wrapped[static_cast<std::size_t>(col)] = wrap;
+    heightsStale_ = true;
+    later();
+}
+
+bool FlexGrid::anyWrap() const {
+    return std::find(delegate_->wrapped.begin(), delegate_->wrapped.end(), true) != delegate_->wrapped.end();
+}
+
+void FlexGrid::setStretchCol(int col) {
+    stretchCol_ = col;
+    later();
+}
+
+GridMerge FlexGrid::MergeCells() const {
+    return merging_.mode;
+}
+
+void FlexGrid::setMergeCells(GridMerge merge) {
+    merging_.mode = merge;
+    delegate_->columnLines = merge != GridMerge::Never;
+    later();
+}
+
+void FlexGrid::setMergeRow(int row, bool merge) {
+    model_->setMerges(row, merge);
+    later();
+}
+
+void FlexGrid::setMergeCol(int col, bool merge) {
+    static_cast<void>(model_->column(col));
+    merging_.cols.resize(std::max(merging_.cols.size(), static_cast<std::size_t>(col) + 1));
+    merging_.cols[static_cast<std::size_t>(col)] = merge;
+    later();
+}
+
+void FlexGrid::later() {
+    if (!pending_) {
+        pending_ = true;
+        QMetaObject::invokeMethod(this, &FlexGrid::settle, Qt::QueuedConnection);
+        viewport()->update();
+    }
+}
+
+void FlexGrid::settle() {
+    if (!pending_) {
+        return;
+    }
+    pending_ = false;
+    delegate_->outlineCol = outlineBar_ == GridOutlineBar::None ? -1 : outlineCol_;
+    announceRows();
+    joinCells();
+    stretch();
+    fitRowHeights();
+    placeStaying();
+    header_->viewport()->update();
+    viewport()->update();
+}
+
+void FlexGrid::announceRows() {
+    const int row = Row();
+    const int col = Col();
+    const std::vector<int> selected = SelectedRows();
+    const bool reset = model_->announce();
+    if (row >= FixedRows() && (reset || row != Row())) {
+        keepCursor(row, col, selected);
+    }
+}
+
+// The cursor of a row that was folded away goes to the node that hides it.
+void FlexGrid::keepCursor(int row, int col, const std::vector<int>& selected) {
+    const bool seen = model_->modelRow(row) >= 0;
+    const int target = seen ? row : model_->visibleParent(row);
+    if (target < 0) {
+        return;
+    }
+    QItemSelection rows;
+    for (const int number : selected) {
+        const int place = model_->modelRow(number);
+        if (place >= 0) {
+            rows.select(model_->index(place, 0), model_->index(place, Cols() - 1));
+        }
+    }
+    const QModelIndex cell = indexOf(target, col);
+    if (!seen && !selected.empty()) {
+        rows.select(cell.siblingAtColumn(0), cell.siblingAtColumn(Cols() - 1));
+    }
+    selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
+    selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+}
+
+void FlexGrid::joinCells() {
+    if (merged_) {
+        clearSpans();
+        merged_ = false;
+    }
+    for (const GridRange& cell : mergedCells(*model_, merging_)) {
+        setSpan(cell.row, cell.col, cell.row2 - cell.row + 1, cell.col2 - cell.col + 1);
+        merged_ = true;
+    }
+}
+
+void FlexGrid::stretch() {
+    if (stretchCol_ < 0 || stretchCol_ >= Cols() || isColumnHidden(stretchCol_)) {
+        return;
+    }
+    const int others = header_->length() - columnWidth(stretchCol_);
+    const int least = widthOfTitle(model_->text(0, stretchCol_).trimmed());
+    sizing_ = true;
+    setColumnWidth(stretchCol_, std::max(least, viewport()->width() - others));
+    sizing_ = false;
+}
+
+// Rows are measured only where texts are broken; all others have the header view's one default height.
+void FlexGrid::fitRowHeights() {
+    const bool wraps = anyWrap();
+    if (!wraps && !heightsStale_) {
+        return;
+    }
+    heightsStale_ = false;
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    QHeaderView* rows = verticalHeader();
+    // Without updates the header doesn't look up each row's place, which would make this quadratic.
+    rows->setUpdatesEnabled(false);
+    for (int row = 0; row < model_->rowCount(); ++row) {
+        rows->resizeSection(row, wraps ? heightOf(row, option) : rows->defaultSectionSize());
+    }
+    rows->setUpdatesEnabled(true);
+    updateGeometries();
+}
+
+int FlexGrid::heightOf(int modelRow, const QStyleOptionViewItem& option) const {
+    int height = verticalHeader()->defaultSectionSize();
+    for (int col = 0; col < Cols(); ++col) {
+        if (delegate_->wraps(col) && !isColumnHidden(col)) {
+            const QModelIndex cell = model_->index(modelRow, col);
+            height = std::max(height, delegate_->heightFor(option, cell, columnWidth(col)));
+        }
+    }
+    return height;
+}
+
+void FlexGrid::applyFont() {
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(grid::rowHeight(fontMetrics()));
+    heightsStale_ = true;
+    if (!formatString_.isEmpty()) {
+        setFormatString(formatString_);
+    }
+    later();
+}
+
+void FlexGrid::columnResized(int col) {
+    if (!sizing_) {
+        draggedWidths_.insert(titleKey(col), columnWidth(col));
+        stretch();
+    }
+    if (delegate_->wraps(col)) {
+        later();
+    }
+}
+
+}  // namespace talvora

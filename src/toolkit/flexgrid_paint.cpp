@@ -1,0 +1,80 @@
+#include "toolkit/flexgrid_paint.h"
+
+#include "toolkit/theme.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace talvora::grid {
+
+namespace {
+
+constexpr qreal SelectionStrength = 0.13;
+
+qreal scaleOf(const QPainter& painter) {
+    return painter.device()->devicePixelRatioF();
+}
+
+// A rectangle with its edges on device pixels, at least one of them wide.
+void fillCrisp(QPainter& painter, const QRectF& area, const QColor& color) {
+    const qreal scale = scaleOf(painter);
+    const qreal left = std::round(area.left() * scale);
+    const qreal top = std::round(area.top() * scale);
+    const qreal width = std::max(1.0, std::round(area.width() * scale));
+    const qreal height = std::max(1.0, std::round(area.height() * scale));
+    painter.fillRect(QRectF(left / scale, top / scale, width / scale, height / scale), color);
+}
+
+}  // namespace
+
+int rowHeight(const QFontMetrics& metrics) {
+    return std::max(theme::RowHeight, metrics.lineSpacing() + 2 * PaddingY);
+}
+
+QColor selected(const QColor& ground) {
+    const auto mix = [](int under, int over) {
+        return static_cast<int>(std::lround(under * (1 - SelectionStrength) + over * SelectionStrength));
+    };
+    const QColor& accent = theme::Accent;
+    return {mix(ground.red(), accent.red()), mix(ground.green(), accent.green()), mix(ground.blue(), accent.blue())};
+}
+
+void lineBelow(QPainter& painter, const QRect& cell, const QColor& color) {
+    const qreal thin = 1 / scaleOf(painter);
+    fillCrisp(painter, QRectF(cell.left(), cell.top() + cell.height() - thin, cell.width(), thin), color);
+}
+
+void lineRightOf(QPainter& painter, const QRect& cell, const QColor& color) {
+    const qreal thin = 1 / scaleOf(painter);
+    fillCrisp(painter, QRectF(cell.left() + cell.width() - thin, cell.top(), thin, cell.height()), color);
+}
+
+void lineAcross(QPainter& painter, qreal x1, qreal x2, qreal y, const QColor& color) {
+    fillCrisp(painter, QRectF(x1, y, x2 - x1, 1 / scaleOf(painter)), color);
+}
+
+void lineDown(QPainter& painter, qreal x, qreal y1, qreal y2, const QColor& color) {
+    fillCrisp(painter, QRectF(x, y1, 1 / scaleOf(painter), y2 - y1), color);
+}
+
+void expander(QPainter& painter, const QPointF& centre, bool collapsed) {
+    // Counted in device pixels and odd, so that the sign has a middle line.
+    const qreal scale = scaleOf(painter);
+    const qreal size = std::floor(ExpanderSize * scale / 2) * 2 + 1;
+    const qreal stroke = std::max(1.0, std::floor(scale));
+    const qreal sign = std::floor(size / 4);
+    const qreal left = std::round(centre.x() * scale) - std::floor(size / 2);
+    const qreal top = std::round(centre.y() * scale) - std::floor(size / 2);
+    const auto fill = [&](qreal x, qreal y, qreal width, qreal height, const QColor& color) {
+        painter.fillRect(QRectF((left + x) / scale, (top + y) / scale, width / scale, height / scale), color);
+    };
+    fill(0, 0, size, size, theme::TextQuiet);
+    fill(stroke, stroke, size - 2 * stroke, size - 2 * stroke, theme::Surface);
+    const qreal middle = std::floor((size - stroke) / 2);
+    fill(sign, middle, size - 2 * sign, stroke, theme::Text);
+    if (collapsed) {
+        fill(middle, sign, stroke, size - 2 * sign, theme::Text);
+    }
+}
+
+}  // namespace talvora::grid

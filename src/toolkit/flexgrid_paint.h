@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QColor>
+#include <QFontMetrics>
+#include <QPainter>
+#include <QRect>
+
+namespace talvora::grid {
+
+inline constexpr int PaddingX = 8;
+inline constexpr int PaddingY = 6;
+
+/// The least height of a row in a font, in device-independent pixels.
+int rowHeight(const QFontMetrics& metrics);
+
+/// `ground` as it looks under a selection.
+QColor selected(const QColor& ground);
+
+/// Lines as wide as the display's finest crisp line, on whole device pixels at every scale.
+void lineBelow(QPainter& painter, const QRect& cell, const QColor& color);
+void lineRightOf(QPainter& painter, const QRect& cell, const QColor& color);
+void lineAcross(QPainter& painter, qreal x1, qreal x2, qreal y, const QColor& color);
+void lineDown(QPainter& painter, qreal x, qreal y1, qreal y2, const QColor& color);
+
+/// The box that folds and opens an outline node: a minus in it when open, a plus when folded.
+void expander(QPainter& painter, const QPointF& centre, bool collapsed);
+inline constexpr int ExpanderSize = 11;
+
+}  // namespace talvora::grid
