@@ -4,6 +4,7 @@
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 
+#include <QHash>
 #include <QStringView>
 
 #include <algorithm>
@@ -66,9 +67,12 @@ void Recordset::addText(const char16_t* text, qsizetype length) {
 
 int Recordset::columnOf(FieldName name) const {
     const char* literal = name.get();
-    Known& known = known_[(reinterpret_cast<std::uintptr_t>(literal) >> 1) % knownSlots];
-    if (known.name == literal) {
-        return known.column;
+    std::size_t slot = (reinterpret_cast<std::uintptr_t>(literal) >> 1) % knownSlots;
+    for (std::size_t probes = 0; known_[slot].name != nullptr && probes < knownSlots; ++probes) {
+        if (known_[slot].name == literal) {
+            return known_[slot].column;
+        }
+        slot = (slot + 1) % knownSlots;
     }
     const auto found = std::find_if(columns_.begin(), columns_.end(), [&](const Column& column) {
         return column.name.compare(QLatin1StringView(literal), Qt::CaseInsensitive) == 0;
@@ -76,8 +80,8 @@ int Recordset::columnOf(FieldName name) const {
     if (found == columns_.end()) {
         throw RuntimeError(errors::NoSuchField);
     }
-    known = {literal, static_cast<int>(found - columns_.begin())};
-    return known.column;
+    known_[slot] = {literal, static_cast<int>(found - columns_.begin())};
+    return known_[slot].column;
 }
 
 const Recordset::Cell& Recordset::cell(int row, int column) const {

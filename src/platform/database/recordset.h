@@ -116,7 +116,8 @@ class Recordset {
     std::vector<Cell> cells_;
     std::vector<char16_t> characters_;
     std::vector<Column> columns_;
-    // A direct-mapped memory from a literal's address to its column.
+    // A memory from a literal's address to its column. Two names that fall on one slot take neighbouring ones, so that
+    // a loop over many rows looks each name up once.
     struct Known {
         const char* name = nullptr;
         int column = 0;
