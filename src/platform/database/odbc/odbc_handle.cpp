@@ -75,7 +75,7 @@ DatabaseError Handle::failure() const {
         std::erase_if(records, isWarning);
     }
     if (records.empty()) {
-        return {0, u"The ODBC driver gave no reason"_s, u"HY000"_s};
+        records.push_back({u"HY000"_s, 0, u"The ODBC driver gave no reason"_s});
     }
     QStringList words;
     int number = 0;
