@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -46,6 +47,10 @@ bool enterPressed(QWidget& receiver) {
     }
     if (!isField(receiver)) {
         return false;
+    }
+    if (auto* date = qobject_cast<QDateTimeEdit*>(&receiver)) {
+        // Tab goes from year to month to day; Enter leaves the field.
+        date->setCurrentSectionIndex(date->sectionCount() - 1);
     }
     QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
     QCoreApplication::sendEvent(&receiver, &tab);

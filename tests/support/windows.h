@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/printing.h"
 #include "tests/support/prompt_script.h"
 #include "toolkit/form.h"
 

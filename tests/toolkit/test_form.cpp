@@ -1,0 +1,306 @@
+#include "tests/support/windows.h"
+#include "tests/toolkit/frmsample.h"
+#include "toolkit/quotes.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QWindow>
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+using namespace talvora;
+using namespace talvora::test;
+using ::testing::ElementsAre;
+
+namespace {
+
+class FormTest : public WindowTest {
+ protected:
+    frmSample& form = frmSample::Default();
+};
+
+TEST_F(FormTest, FieldsOutliveTheControls) {
+    form.NameOf = u"张三"_s;
+    whenModal<frmSample>([](frmSample& w) {
+        type(w.ui->txtName, w.NameOf);
+        w.NameOf = w.ui->txtName->text() + u"丰"_s;
+        click(w.ui->cmdClose);
+    });
+    form.ShowModal();
+    EXPECT_FALSE(form.isLoaded());
+    EXPECT_EQ(form.NameOf, u"张三丰"_s);
+    EXPECT_THAT(form.events, ElementsAre(u"load"_s, u"close"_s, u"unload"_s));
+    EXPECT_EQ(&frmSample::Default(), &form);
+
+    // A reference to a control loads the form afresh.
+    EXPECT_EQ(form.ui->txtName->text(), QString());
+    EXPECT_EQ(form.events.back(), u"load"_s);
+    EXPECT_FALSE(form.window()->isVisible());
+}
+
+TEST_F(FormTest, HiddenFormKeepsItsControls) {
+    form.atOK = [&] { form.Hide(); };
+    whenModal<frmSample>([](frmSample& w) {
+        type(w.ui->txtName, u"李四"_s);
+        click(w.ui->cmdOK);
+    });
+    form.ShowModal();
+    EXPECT_TRUE(form.isLoaded());
+    EXPECT_EQ(form.ui->txtName->text(), u"李四"_s);
+    EXPECT_THAT(form.events, ElementsAre(u"load"_s));
+
+    // Shown again it is the same window, and its load is not raised a second time.
+    whenModal<frmSample>([](frmSample& w) {
+        EXPECT_EQ(w.ui->txtName->text(), u"李四"_s);
+        click(w.ui->cmdOK);
+    });
+    form.ShowModal();
+    EXPECT_THAT(form.events, ElementsAre(u"load"_s));
+}
+
+TEST_F(FormTest, CloseBoxUnloads) {
+    whenModal<frmSample>([](frmSample& w) { w.window()->close(); });
+    form.ShowModal();
+    EXPECT_FALSE(form.isLoaded());
+    EXPECT_THAT(form.events, ElementsAre(u"load"_s, u"unload"_s));
+}
+
+// The login window hides itself and runs the whole assessment before its own caller goes on.
+TEST_F(FormTest, HandlerThatHidesItsFormRunsToItsEndFirst) {
+    QStringList order;
+    form.atOK = [&] {
+        form.Hide();
+        order << u"hidden"_s;
+        frmInner::Default().ShowModal();
+        order << u"inner returned"_s;
+    };
+    whenModal<frmSample>([](frmSample& w) { click(w.ui->cmdOK); });
+    whenModal<frmInner>([&](frmInner& w) {
+        EXPECT_FALSE(form.window()->isVisible());
+        order << u"inner up"_s;
+        w.window()->close();
+    });
+    form.ShowModal();
+    order << u"outer returned"_s;
+    EXPECT_THAT(order, ElementsAre(u"hidden"_s, u"inner up"_s, u"inner returned"_s, u"outer returned"_s));
+}
+
+TEST_F(FormTest, ModalWindowsNest) {
+    form.atOK = [&] { frmInner::Default().ShowModal(); };
+    whenModal<frmSample>([&](frmSample& w) {
+        whenModal<frmInner>([&](frmInner& inner) {
+            EXPECT_EQ(inner.window()->windowHandle()->transientParent(), w.window()->windowHandle());
+            EXPECT_THAT(Form::loaded(), ElementsAre(&w, &inner));
+            inner.Unload();
+        });
+        click(w.ui->cmdOK);
+        EXPECT_TRUE(w.window()->isVisible());
+        click(w.ui->cmdClose);
+    });
+    form.ShowModal();
+    EXPECT_THAT(Form::loaded(), ElementsAre());
+}
+
+TEST_F(FormTest, CannotBeShownTwice) {
+    form.Show();
+    try {
+        form.ShowModal();
+        FAIL() << "shown twice";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.number(), 400);
+    }
+}
+
+TEST_F(FormTest, FailedLoadLeavesNothingLoaded) {
+    form.atLoad = [] { throw RuntimeError(errors::TypeMismatch); };
+    EXPECT_THROW(form.ShowModal(), RuntimeError);
+    EXPECT_FALSE(form.isLoaded());
+    form.atLoad = [] {};
+    form.Load();
+    EXPECT_THAT(form.events, ElementsAre(u"load"_s, u"load"_s));
+}
+
+TEST_F(FormTest, NoHandlerRunsAfterUnload) {
+    form.Load();
+    ComboBox* combo = form.ui->cmbSex;
+    combo->AddItem(u"男"_s);
+    form.Unload();
+    combo->setListIndex(0);
+    EXPECT_THAT(form.events, ElementsAre(u"load"_s, u"unload"_s));
+    EXPECT_FALSE(form.isLoaded());
+}
+
+TEST_F(FormTest, EnterMovesOnLikeTab) {
+    form.Show();
+    form.ui->lstType->addItems({u"甲"_s, u"乙"_s});
+    form.ui->cmbSex->AddItem(u"男"_s);
+    int pressed = 0;
+    form.atOK = [&] { ++pressed; };
+    form.ui->txtName->setFocus();
+    QStringList order;
+    while (order.size() < 9) {
+        order << focused()->objectName();
+        press(order.size() % 2 == 0 ? Qt::Key_Enter : Qt::Key_Return);
+    }
+    EXPECT_EQ(order, QStringList({u"txtName"_s, u"cmbSex"_s, u"cmbSalary"_s, u"dtpDate"_s, u"updTime"_s, u"chkLocked"_s,
+                                  u"optAnd"_s, u"lstType"_s, u"txtNote"_s}));
+    EXPECT_EQ(pressed, 0) << "a field's Enter must not press the default button";
+
+    // In a text of several lines Enter is a new line, on a button it presses; Tab leaves both.
+    EXPECT_EQ(focused(), form.ui->txtNote);
+    EXPECT_EQ(form.ui->txtNote->toPlainText(), u"\n"_s);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), form.ui->cmdOK);
+    press(Qt::Key_Return);
+    EXPECT_EQ(pressed, 1);
+}
+
+TEST_F(FormTest, EscapePressesTheCancelButtonAlone) {
+    form.Show();
+    form.ui->cmdClose->setEnabled(false);
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(form.window()->isVisible());
+    form.ui->cmdClose->setEnabled(true);
+    press(Qt::Key_Escape);
+    EXPECT_THAT(form.events, ElementsAre(u"load"_s, u"close"_s, u"unload"_s));
+}
+
+TEST_F(FormTest, WarningPutsTheFocusOnTheField) {
+    form.Show();
+    PromptScript script;
+    script.expect(vbOK, u"［薪资范围］输入不合法，请重新输入！"_s);
+    form.warn(u"［薪资范围］输入不合法，请重新输入！"_s, form.ui->cmbSalary);
+    EXPECT_EQ(script.last().style, 48);
+    EXPECT_EQ(script.last().title, u"Talvora 1.3 Build 201000905"_s);
+    EXPECT_EQ(focused(), form.ui->cmbSalary);
+}
+
+TEST_F(FormTest, RequiredFieldsAreYellowAndSaySo) {
+    form.Show();
+    EXPECT_EQ(form.ui->txtName->toolTip(), u"淡黄背景表示必填项"_s);
+    EXPECT_EQ(form.ui->cmbSex->toolTip(), QString());
+    const auto colour = [](QWidget* field) {
+        const QImage image = field->grab().toImage();
+        return image.pixelColor(image.width() / 2, image.height() / 2);
+    };
+    EXPECT_LT(colour(form.ui->txtName).blue(), 230);
+    EXPECT_EQ(colour(form.ui->cmbSalary), QColor(Qt::white));
+}
+
+TEST_F(FormTest, FitsItsScreen) {
+    form.Load();
+    form.window()->resize(4000, 3000);
+    form.Show();
+    EXPECT_TRUE(form.window()->screen()->availableGeometry().contains(form.window()->geometry()));
+}
+
+TEST_F(FormTest, ErrorThatLeavesAHandlerEndsTheProgram) {
+    QStringList order;
+    frmInner& inner = frmInner::Default();
+    form.atOK = [&] {
+        inner.ShowModal();
+        order << u"went on"_s;
+    };
+    whenModal<frmSample>([](frmSample& w) { click(w.ui->cmdOK); });
+    PromptScript script;
+    script.expect(vbOK, u"实时错误 '6':\n\n溢出"_s);
+    QTimer::singleShot(0, [&] {
+        whenModal<frmInner>([](frmInner& w) {
+            QTimer::singleShot(0, w.window(), [] { guarded([] { throw RuntimeError(errors::Overflow); }); });
+            waitFor([&] { return !w.isLoaded(); });
+        });
+    });
+    EXPECT_THROW(form.ShowModal(), ProgramEnded);
+    EXPECT_THAT(order, ElementsAre());
+    EXPECT_EQ(script.last().style, 16);
+    EXPECT_THAT(programEnds(), ElementsAre(ProgramEnd::Failed));
+    EXPECT_THAT(form.events, ElementsAre(u"load"_s)) << "no unload is raised";
+}
+
+TEST_F(FormTest, TimerErrorsReachTheLastResortToo) {
+    form.Show();
+    PromptScript script;
+    script.expect();
+    form.atOK = [] { throw DatabaseError(208, u"对象名 'Testing' 无效。"_s, u"42S02"_s); };
+    form.Timer1->start(1);
+    waitFor([&] { return !programEnds().empty(); });
+    EXPECT_EQ(script.last().text, u"实时错误 '208':\n\n对象名 'Testing' 无效。"_s);
+}
+
+TEST_F(FormTest, ErrorOutsideAnyHandlerIsCaughtByTheSecondNet) {
+    struct Thrower : QObject {
+        bool event(QEvent*) override { throw RuntimeError(errors::InvalidUseOfNull); }
+    } thrower;
+    PromptScript script;
+    script.expect(vbOK, u"实时错误 '94':\n\n无效使用 Null"_s);
+    QEvent event(QEvent::User);
+    EXPECT_FALSE(QCoreApplication::sendEvent(&thrower, &event));
+    EXPECT_THAT(programEnds(), ElementsAre(ProgramEnd::Failed));
+}
+
+TEST_F(FormTest, NoHandlerRunsBehindTheErrorBox) {
+    form.Show();
+    struct Watching : Prompter {
+        std::function<void()> meanwhile;
+        MsgBoxResult message(const QString&, int, const QString&) override {
+            meanwhile();
+            return vbOK;
+        }
+        QString input(const QString&, const QString&, const QString&, int) override { return {}; }
+        QString openFile(const QString&, const QString&, const QString&) override { return {}; }
+        QString saveFile(const QString&, const QString&, const QString&) override { return {}; }
+    } watching;
+    int runs = 0;
+    form.atOK = [&] {
+        ++runs;
+        throw RuntimeError(errors::Overflow);
+    };
+    watching.meanwhile = [&] { form.ui->cmdOK->click(); };
+    Prompter* before = setPrompter(&watching);
+    click(form.ui->cmdOK);
+    setPrompter(before);
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(programEnds().size(), 1U);
+}
+
+TEST_F(FormTest, QuotesAreFoundInTextControlsOnly) {
+    EXPECT_FALSE(HasQuoteInText(form)) << "not loaded";
+    struct Case {
+        const char* what;
+        std::function<void()> fill;
+        bool found;
+    };
+    const Case cases[] = {
+        {"empty", [] {}, false},
+        {"line", [&] { form.ui->txtName->setText(u"O'Neil"_s); }, true},
+        {"several lines", [&] { form.ui->txtNote->setPlainText(u"a\n'"_s); }, true},
+        {"full-width", [&] { form.ui->txtName->setText(u"＇‘’"_s); }, false},
+        {"combo box", [&] { form.ui->cmbSalary->setText(u"'"_s); }, false},
+        {"combo box of that name",
+         [&] {
+             form.ui->cmbSalary->setObjectName(u"cmbSalary"_s);
+             form.ui->cmbSalary->lineEdit()->setText(u"'"_s);
+         },
+         false},
+        {"other case",
+         [&] {
+             form.ui->txtName->setObjectName(u"TxtName"_s);
+             form.ui->txtName->setText(u"'"_s);
+         },
+         false},
+        {"disabled",
+         [&] {
+             form.ui->txtName->setText(u"'"_s);
+             form.ui->txtName->setEnabled(false);
+         },
+         true},
+    };
+    for (const Case& one : cases) {
+        form.Load();
+        one.fill();
+        EXPECT_EQ(HasQuoteInText(form), one.found) << one.what;
+        form.Unload();
+    }
+}
+
+}  // namespace
