@@ -63,7 +63,7 @@ class FlexGrid : public QTableView {
     /// Texts of this column are broken into lines, and rows are as high as they need.
     bool ColWordWrap(int col) const;
     void setColWordWrap(int col, bool wrap);
-    /// The column that takes the width left over, -1 for none.
+    /// The column that takes the width left over. By default, -1, the last one does if its texts stand left.
     void setStretchCol(int col);
 
     /// Adds a row from one text, its cells separated by tabs; at the end, or in front of row `at`.
@@ -167,7 +167,8 @@ class FlexGrid : public QTableView {
     void joinCells();
     void fitRowHeights();
     int heightOf(int modelRow, const QStyleOptionViewItem& option) const;
-    void stretch();
+    int columnToStretch() const;
+    void fitColumns();
     void applyFont();
     void columnResized(int col);
     int widthOfTitle(const QString& title) const;
@@ -194,6 +195,7 @@ class FlexGrid : public QTableView {
 
     QString formatString_;
     QHash<QString, int> draggedWidths_;
+    std::vector<int> widths_;
     GridOutlineBar outlineBar_ = GridOutlineBar::None;
     int outlineCol_ = 0;
     int fixedCols_ = 0;

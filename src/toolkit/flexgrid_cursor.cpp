@@ -56,14 +56,16 @@ void FlexGrid::Select(int row, int col, int rowSel, int colSel) {
     model_->reveal(row2);
     later();
     settle();
-    const auto [top, bottom] = std::minmax(indexOf(row, 0).row(), std::max(0, indexOf(row2, 0).row()));
-    const auto [left, right] = std::minmax(col, col2);
+    const QModelIndex one = indexOf(row, col);
+    const QModelIndex other = indexOf(std::max(row2, FixedRows()), col2);
     QItemSelectionModel::SelectionFlags how = QItemSelectionModel::ClearAndSelect;
     if (selectionBehavior() == SelectRows) {
         how |= QItemSelectionModel::Rows;
     }
-    selectionModel()->setCurrentIndex(indexOf(row, col), QItemSelectionModel::NoUpdate);
-    selectionModel()->select(QItemSelection(model_->index(top, left), model_->index(bottom, right)), how);
+    const QItemSelection block(model_->index(std::min(one.row(), other.row()), std::min(col, col2)),
+                               model_->index(std::max(one.row(), other.row()), std::max(col, col2)));
+    selectionModel()->setCurrentIndex(one, QItemSelectionModel::NoUpdate);
+    selectionModel()->select(block, how);
     headerCol_ = -1;
     scrollTo(currentIndex());
 }

@@ -16,9 +16,7 @@ namespace talvora {
 namespace {
 
 constexpr int TreeStep = 20;
-constexpr QColor TreeLine{0xae, 0xb6, 0xc2};
 constexpr int PictureGap = 6;
-constexpr int BrokenText = Qt::TextWordWrap | Qt::TextWrapAnywhere;
 
 QFont fontOf(const QStyleOptionViewItem& option, const QModelIndex& index) {
     const QVariant own = index.data(Qt::FontRole);
@@ -48,7 +46,7 @@ int GridDelegate::heightFor(const QStyleOptionViewItem& option, const QModelInde
     if (oneLine || room <= 0) {
         return cell.rect.height();
     }
-    const int lines = metrics.boundingRect(QRect(0, 0, room, QWIDGETSIZE_MAX), BrokenText, text).height();
+    const int lines = grid::brokenHeight(text, fontOf(option, index), room);
     return std::max(cell.rect.height(), lines + 2 * grid::PaddingY);
 }
 
@@ -71,8 +69,8 @@ QRect GridDelegate::expanderAt(const QRect& cell, const QModelIndex& index) cons
 GridDelegate::Content GridDelegate::contentOf(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     Content content;
     const int indent = indentOf(index);
-    content.text = option.rect.adjusted(indent > 0 ? indent + grid::PaddingX / 2 : grid::PaddingX, 0,  //
-                                        -grid::PaddingX, 0);
+    const int left = indent > 0 ? indent + grid::PaddingX / 2 : grid::PaddingX;
+    content.text = option.rect.adjusted(left, grid::PaddingY, -grid::PaddingX, -grid::PaddingY);
     const QVariant picture = index.data(Qt::DecorationRole);
     if (!picture.isValid()) {
         return content;
@@ -132,10 +130,10 @@ void GridDelegate::paintTree(QPainter* painter, const QRect& cell, const QModelI
         const bool goesOn = branch.lines & (quint32{1} << depth);
         if (depth == branch.depth) {
             grid::lineDown(*painter, x, above || goesOn ? cell.top() : middle,
-                           above && !goesOn ? middle : cell.top() + cell.height(), TreeLine);
-            grid::lineAcross(*painter, x, x + TreeStep / (branch.foldable ? 2.0 : 1.0), middle, TreeLine);
+                           above && !goesOn ? middle : cell.top() + cell.height(), grid::QuietLine);
+            grid::lineAcross(*painter, x, x + TreeStep / (branch.foldable ? 2.0 : 1.0), middle, grid::QuietLine);
         } else if (goesOn) {
-            grid::lineDown(*painter, x, cell.top(), cell.top() + cell.height(), TreeLine);
+            grid::lineDown(*painter, x, cell.top(), cell.top() + cell.height(), grid::QuietLine);
         }
     }
     if (branch.foldable) {
@@ -143,7 +141,7 @@ void GridDelegate::paintTree(QPainter* painter, const QRect& cell, const QModelI
         const qreal x = middleOf(branch.depth);
         if (!collapsed) {
             grid::lineDown(*painter, x, above ? middle : cell.top(), above ? cell.top() + cell.height() : middle,
-                           TreeLine);
+                           grid::QuietLine);
         }
         grid::expander(*painter, QPointF(x, middle), collapsed);
     }
@@ -178,13 +176,13 @@ void GridDelegate::paintText(QPainter* painter, const QStyleOptionViewItem& opti
     const QVariant fore = index.data(Qt::ForegroundRole);
     const QColor ink = option.state & QStyle::State_Enabled ? theme::Text : theme::TextQuiet;
     painter->setPen(fore.isValid() ? fore.value<QColor>() : ink);
-    const int align = static_cast<int>(alignmentOf(index));
+    const Qt::Alignment align = alignmentOf(index);
     if (wraps(index.column())) {
-        painter->drawText(content.text, align | BrokenText, text);
+        grid::drawBroken(*painter, content.text, align, text);
         return;
     }
     const QString shown = QFontMetrics(face).elidedText(text, Qt::ElideRight, content.text.width());
-    painter->drawText(content.text, align | Qt::TextSingleLine, shown);
+    painter->drawText(content.text, static_cast<int>(align) | Qt::TextSingleLine, shown);
 }
 
 QSize GridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {

@@ -71,8 +71,8 @@ void GridHeader::paintTitle(QPainter* painter, const QRect& section, const GridR
     const QColor ink = isEnabled() ? theme::Text : theme::TextQuiet;
     painter->setPen(format.fore.isValid() ? format.fore : ink);
     const bool wide = cell.col != cell.col2 || cell.row != cell.row2;
-    const auto align = wide ? Qt::Alignment(Qt::AlignCenter)
-                            : model_.headerData(cell.col, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::Alignment>();
+    const auto own = model_.headerData(cell.col, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::Alignment>();
+    const auto align = wide ? Qt::AlignCenter : (own & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter;
     const QRect inside = place.adjusted(grid::PaddingX, 0, -grid::PaddingX, 0);
     const QString title = model_.text(cell.row, cell.col).trimmed();
     const int flags = static_cast<int>(align) | Qt::TextSingleLine;

@@ -45,16 +45,8 @@ QString FlexGrid::titleKey(int col) const {
 }
 
 void FlexGrid::resizeColumn(int col, int width) {
-    sizing_ = true;
-    if (isColumnHidden(col)) {
-        // The width is that of the column when it is shown.
-        setColumnHidden(col, false);
-        setColumnWidth(col, width);
-        setColumnHidden(col, true);
-    } else {
-        setColumnWidth(col, width);
-    }
-    sizing_ = false;
+    widths_.resize(std::max(widths_.size(), static_cast<std::size_t>(Cols())), header_->defaultSectionSize());
+    widths_[static_cast<std::size_t>(col)] = width;
     later();
 }
 
@@ -123,7 +115,7 @@ void FlexGrid::settle() {
     delegate_->outlineCol = outlineBar_ == GridOutlineBar::None ? -1 : outlineCol_;
     announceRows();
     joinCells();
-    stretch();
+    fitColumns();
     fitRowHeights();
     placeStaying();
     header_->viewport()->update();
@@ -173,14 +165,36 @@ void FlexGrid::joinCells() {
     }
 }
 
-void FlexGrid::stretch() {
-    if (stretchCol_ < 0 || stretchCol_ >= Cols() || isColumnHidden(stretchCol_)) {
-        return;
+int FlexGrid::columnToStretch() const {
+    if (stretchCol_ >= 0) {
+        return stretchCol_ < Cols() && !isColumnHidden(stretchCol_) ? stretchCol_ : -1;
     }
-    const int others = header_->length() - columnWidth(stretchCol_);
-    const int least = widthOfTitle(model_->text(0, stretchCol_).trimmed());
+    int last = Cols() - 1;
+    while (last >= 0 && isColumnHidden(last)) {
+        --last;
+    }
+    // Numbers would be torn away from the columns that they belong to.
+    const bool text = last >= 0 && model_->column(last).align < GridAlign::CenterTop;
+    return text ? last : -1;
+}
+
+void FlexGrid::fitColumns() {
+    const int stretched = columnToStretch();
+    int room = viewport()->width();
     sizing_ = true;
-    setColumnWidth(stretchCol_, std::max(least, viewport()->width() - others));
+    for (int col = 0; col < Cols() && static_cast<std::size_t>(col) < widths_.size(); ++col) {
+        if (col != stretched && !isColumnHidden(col)) {
+            setColumnWidth(col, widths_[static_cast<std::size_t>(col)]);
+            room -= columnWidth(col);
+        }
+    }
+    if (stretched >= 0 && static_cast<std::size_t>(stretched) < widths_.size()) {
+        // The column asked for gives way to its neighbours; the last column only grows.
+        const bool asked = stretched == stretchCol_;
+        const int least =
+            asked ? widthOfTitle(model_->text(0, stretched).trimmed()) : widths_[static_cast<std::size_t>(stretched)];
+        setColumnWidth(stretched, std::max(least, room));
+    }
     sizing_ = false;
 }
 
@@ -225,11 +239,12 @@ void FlexGrid::applyFont() {
 }
 
 void FlexGrid::columnResized(int col) {
-    if (!sizing_) {
+    if (!sizing_ && !isColumnHidden(col)) {
         draggedWidths_.insert(titleKey(col), columnWidth(col));
-        stretch();
+        resizeColumn(col, columnWidth(col));
     }
     if (delegate_->wraps(col)) {
+        heightsStale_ = true;
         later();
     }
 }

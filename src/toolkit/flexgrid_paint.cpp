@@ -2,8 +2,12 @@
 
 #include "toolkit/theme.h"
 
+#include <QTextLayout>
+
 #include <algorithm>
 #include <cmath>
+
+using namespace Qt::StringLiterals;
 
 namespace talvora::grid {
 
@@ -23,6 +27,26 @@ void fillCrisp(QPainter& painter, const QRectF& area, const QColor& color) {
     const qreal width = std::max(1.0, std::round(area.width() * scale));
     const qreal height = std::max(1.0, std::round(area.height() * scale));
     painter.fillRect(QRectF(left / scale, top / scale, width / scale, height / scale), color);
+}
+
+// Breaks as Chinese does: no line begins with a comma or a full stop.
+qreal breakLines(QTextLayout& layout, Qt::Alignment align, int width) {
+    QTextOption option(align & Qt::AlignHorizontal_Mask);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    qreal height = 0;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        line.setPosition(QPointF(0, height));
+        height += line.height();
+    }
+    layout.endLayout();
+    return height;
+}
+
+QString withLineSeparators(QString text) {
+    return text.replace("\r\n"_L1, "\n"_L1).replace(u'\n', QChar::LineSeparator);
 }
 
 }  // namespace
@@ -55,6 +79,21 @@ void lineAcross(QPainter& painter, qreal x1, qreal x2, qreal y, const QColor& co
 
 void lineDown(QPainter& painter, qreal x, qreal y1, qreal y2, const QColor& color) {
     fillCrisp(painter, QRectF(x, y1, 1 / scaleOf(painter), y2 - y1), color);
+}
+
+int brokenHeight(const QString& text, const QFont& font, int width) {
+    QTextLayout layout(withLineSeparators(text), font);
+    return static_cast<int>(std::ceil(breakLines(layout, Qt::AlignLeft, width)));
+}
+
+void drawBroken(QPainter& painter, const QRect& area, Qt::Alignment align, const QString& text) {
+    QTextLayout layout(withLineSeparators(text), painter.font());
+    const qreal spare = area.height() - breakLines(layout, align, area.width());
+    qreal top = area.top();
+    if (!(align & Qt::AlignTop)) {
+        top += align & Qt::AlignBottom ? spare : spare / 2;
+    }
+    layout.draw(&painter, QPointF(area.left(), std::floor(top)));
 }
 
 void expander(QPainter& painter, const QPointF& centre, bool collapsed) {

@@ -29,7 +29,7 @@ void FlexGrid::changeEvent(QEvent* event) {
 
 void FlexGrid::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
-    stretch();
+    fitColumns();
     placeStaying();
 }
 
@@ -86,20 +86,18 @@ void FlexGrid::paintEvent(QPaintEvent* event) {
     }
 }
 
-// Rows go on to the grid's edge, so that the last column doesn't end them in the middle of nowhere.
+// Rows go on to the grid's edge, so that they don't end in the middle of nowhere.
 void FlexGrid::paintBeyond(QPainter& painter, const QModelIndex& first) const {
     const int left = header_->length() - header_->offset();
-    if (left >= viewport()->width()) {
-        return;
-    }
-    for (int row = first.row(); row < model_->rowCount(); ++row) {
+    for (int row = first.row(); row < model_->rowCount() && left < viewport()->width(); ++row) {
         const QRect strip(left, rowViewportPosition(row), viewport()->width() - left, rowHeight(row));
         if (strip.top() > viewport()->height()) {
             return;
         }
-        if (selectionBehavior() == SelectRows && selectionModel()->rowIntersectsSelection(row)) {
-            painter.fillRect(strip, grid::selected(theme::Surface));
-        }
+        const QVariant back = model_->index(row, Cols() - 1).data(Qt::BackgroundRole);
+        const QColor ground = back.isValid() ? back.value<QColor>() : theme::Surface;
+        const bool selected = selectionBehavior() == SelectRows && selectionModel()->rowIntersectsSelection(row);
+        painter.fillRect(strip, selected ? grid::selected(ground) : ground);
         grid::lineBelow(painter, strip, theme::Line);
     }
 }
@@ -122,7 +120,7 @@ void FlexGrid::paintStaying(QPainter& painter, const QModelIndex& first) const {
     }
     if (staying > 0) {
         const QRect frame(0, 0, header_->sectionPosition(staying), viewport()->height());
-        grid::lineRightOf(painter, frame, theme::TextQuiet);
+        grid::lineRightOf(painter, frame, grid::QuietLine);
     }
 }
 
