@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/database/embedded/sql_type.h"
+
+#include <QHash>
+#include <QString>
+
+#include <vector>
+
+struct sqlite3;
+
+namespace talvora::embedded {
+
+struct CatalogColumn {
+    QString name;
+    SqlType type;
+    bool identity = false;
+};
+
+struct CatalogTable {
+    QString name;
+    std::vector<CatalogColumn> columns;
+
+    /// The column of that name, whatever its case; null when there is none.
+    const CatalogColumn* column(const QString& columnName) const;
+};
+
+/// The tables of one open database with the T-SQL types of their columns, read when first asked for.
+class Catalog {
+ public:
+    explicit Catalog(sqlite3* database) : database_(database) {}
+
+    /// The table of that name, whatever its case; null when there is none. Valid until clear.
+    const CatalogTable* find(const QString& table) const;
+    /// The same; DatabaseError 208 when there is none.
+    const CatalogTable& table(const QString& name) const;
+
+    /// To be called when tables came or went.
+    void clear();
+
+ private:
+    void load() const;
+
+    sqlite3* database_;
+    mutable bool loaded_ = false;
+    mutable QHash<QString, CatalogTable> tables_;
+};
+
+}  // namespace talvora::embedded

@@ -1,0 +1,161 @@
+#include "platform/database/embedded/collation.h"
+
+#include <QChar>
+#include <QCollator>
+#include <QLocale>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <vector>
+
+namespace talvora::embedded {
+
+namespace {
+
+constexpr std::size_t characters = 0x10000;
+constexpr char16_t ideographicBlank = 0x3000;
+
+std::vector<char16_t> buildFolding() {
+    constexpr char16_t fullWidthFirst = 0xFF01;
+    constexpr char16_t fullWidthLast = 0xFF5E;
+    constexpr char16_t widthDistance = 0xFEE0;
+    std::vector<char16_t> table(characters);
+    for (std::size_t i = 0; i < characters; ++i) {
+        auto c = static_cast<char16_t>(i);
+        if (c >= fullWidthFirst && c <= fullWidthLast) {
+            c = static_cast<char16_t>(c - widthDistance);
+        } else if (c == ideographicBlank) {
+            c = u' ';
+        }
+        table[i] = QChar::isSurrogate(c) ? c : QChar(c).toCaseFolded().unicode();
+    }
+    return table;
+}
+
+const std::vector<char16_t>& folding() {
+    static const std::vector<char16_t> table = buildFolding();
+    return table;
+}
+
+struct Range {
+    char16_t first;
+    char16_t last;
+};
+// Unified ideographs, extension A, compatibility ideographs.
+constexpr std::array hanRanges = {Range{0x3400, 0x4DBF}, Range{0x4E00, 0x9FFF}, Range{0xF900, 0xFAFF}};
+
+bool isHan(char16_t c) {
+    return std::any_of(hanRanges.begin(), hanRanges.end(),
+                       [c](const Range& range) { return c >= range.first && c <= range.last; });
+}
+
+/// The places of all Chinese characters in the order by sound, ties broken by code point so that it is a total order.
+std::vector<std::uint16_t> buildHanRanks() {
+    struct Keyed {
+        QCollatorSortKey key;
+        char16_t character;
+    };
+    const QCollator collator(QLocale(QLocale::Chinese, QLocale::China));
+    std::vector<Keyed> all;
+    for (const Range& range : hanRanges) {
+        for (char32_t c = range.first; c <= range.last; ++c) {
+            const auto character = static_cast<char16_t>(c);
+            all.push_back({collator.sortKey(QString(QChar(character))), character});
+        }
+    }
+    std::sort(all.begin(), all.end(), [](const Keyed& a, const Keyed& b) {
+        const int order = a.key.compare(b.key);
+        return order != 0 ? order < 0 : a.character < b.character;
+    });
+    std::vector<std::uint16_t> ranks(characters, 0);
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        ranks[all[i].character] = static_cast<std::uint16_t>(i);
+    }
+    return ranks;
+}
+
+int hanRank(char16_t c) {
+    static const std::vector<std::uint16_t> ranks = buildHanRanks();
+    return ranks[c];
+}
+
+/// Orders two folded characters that differ.
+int orderOf(char16_t left, char16_t right) {
+    const bool leftHan = isHan(left);
+    const bool rightHan = isHan(right);
+    if (leftHan && rightHan) {
+        return hanRank(left) - hanRank(right);
+    }
+    if (leftHan != rightHan) {
+        return leftHan ? 1 : -1;
+    }
+    return static_cast<int>(left) - static_cast<int>(right);
+}
+
+int compareRaw(void* /*context*/, int leftBytes, const void* left, int rightBytes, const void* right) {
+    constexpr int unit = sizeof(char16_t);
+    return compareText(QStringView(static_cast<const char16_t*>(left), leftBytes / unit),
+                       QStringView(static_cast<const char16_t*>(right), rightBytes / unit));
+}
+
+}  // namespace
+
+char16_t folded(char16_t c) {
+    return folding()[c];
+}
+
+int compareCharacters(char16_t left, char16_t right) {
+    const char16_t a = folded(left);
+    const char16_t b = folded(right);
+    return a == b ? 0 : orderOf(a, b);
+}
+
+int compareText(QStringView left, QStringView right) {
+    const std::vector<char16_t>& fold = folding();
+    const char16_t* a = left.utf16();
+    const char16_t* b = right.utf16();
+    const qsizetype common = std::min(left.size(), right.size());
+    for (qsizetype i = 0; i < common; ++i) {
+        if (a[i] != b[i] && fold[a[i]] != fold[b[i]]) {
+            return orderOf(fold[a[i]], fold[b[i]]);
+        }
+    }
+    // The shorter text counts as filled up with blanks.
+    const QStringView rest = left.size() > common ? left.sliced(common) : right.sliced(common);
+    const int sign = left.size() > common ? 1 : -1;
+    for (const QChar c : rest) {
+        const char16_t f = fold[c.unicode()];
+        if (f != u' ') {
+            return sign * orderOf(f, u' ');
+        }
+    }
+    return 0;
+}
+
+int orderFingerprint() {
+    static const int fingerprint = [] {
+        const QCollator collator(QLocale(QLocale::Chinese, QLocale::China));
+        // Every 61st character: enough to notice another order, cheap enough for every start.
+        constexpr char16_t first = 0x4E00;
+        constexpr char16_t last = 0x9FA0;
+        constexpr int stride = 61;
+        constexpr quint32 factor = 16777619;
+        quint32 hash = 2166136261U;
+        QString previous(QChar{first});
+        for (int c = first + stride; c <= last; c += stride) {
+            const QString next(QChar{static_cast<char16_t>(c)});
+            hash = (hash ^ (collator.compare(previous, next) < 0 ? 1U : 2U)) * factor;
+            previous = next;
+        }
+        return static_cast<int>(hash >> 1) | 1;
+    }();
+    return fingerprint;
+}
+
+void registerCollation(sqlite3* database) {
+    sqlite3_create_collation_v2(database, collationName, SQLITE_UTF16_ALIGNED, nullptr, compareRaw, nullptr);
+}
+
+}  // namespace talvora::embedded

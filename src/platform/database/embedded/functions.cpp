@@ -1,0 +1,297 @@
+#include "platform/database/embedded/functions.h"
+
+#include "platform/database/embedded/collation.h"
+#include "platform/database/embedded/conversion.h"
+#include "platform/database/embedded/pattern.h"
+#include "platform/database/embedded/server_error.h"
+
+#include <QDateTime>
+#include <sqlite3.h>
+
+#include <array>
+
+namespace talvora::embedded {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The arguments and the result of one call.
+class Call {
+ public:
+    Call(sqlite3_context* context, sqlite3_value** values) : context_(context), values_(values) {}
+
+    QStringView text(int i) const {
+        const auto* data = static_cast<const char16_t*>(sqlite3_value_text16(values_[i]));
+        return {data, sqlite3_value_bytes16(values_[i]) / static_cast<int>(sizeof(char16_t))};
+    }
+    qint64 whole(int i) const { return sqlite3_value_int64(values_[i]); }
+    double real(int i) const { return sqlite3_value_double(values_[i]); }
+    int type(int i) const { return sqlite3_value_type(values_[i]); }
+
+    void giveText(QStringView text) const {
+        sqlite3_result_text16(context_, text.utf16(), static_cast<int>(text.size() * sizeof(char16_t)),
+                              SQLITE_TRANSIENT);
+    }
+    void giveWhole(qint64 value) const { sqlite3_result_int64(context_, value); }
+    void giveReal(double value) const { sqlite3_result_double(context_, value); }
+    void giveArgument(int i) const { sqlite3_result_value(context_, values_[i]); }
+
+ private:
+    sqlite3_context* context_;
+    sqlite3_value** values_;
+};
+
+QStringView withoutTrailingBlanks(QStringView text) {
+    while (text.endsWith(u' ')) {
+        text.chop(1);
+    }
+    return text;
+}
+
+void len(const Call& call) {
+    call.giveWhole(withoutTrailingBlanks(call.text(0)).size());
+}
+
+qint64 lengthArgument(const Call& call, int i, int error, QLatin1StringView function) {
+    const qint64 length = call.whole(i);
+    if (length < 0) {
+        throw serverError(error, u"Invalid length parameter passed to the %1 function."_s.arg(function));
+    }
+    return length;
+}
+
+void left(const Call& call) {
+    const qint64 length = lengthArgument(call, 1, server_error::InvalidLengthLeftRight, "LEFT or SUBSTRING"_L1);
+    const QStringView text = call.text(0);
+    call.giveText(text.left(std::min<qint64>(length, text.size())));
+}
+
+void right(const Call& call) {
+    const qint64 length = lengthArgument(call, 1, server_error::InvalidLength, "RIGHT"_L1);
+    const QStringView text = call.text(0);
+    call.giveText(text.right(std::min<qint64>(length, text.size())));
+}
+
+void substring(const Call& call) {
+    const QStringView text = call.text(0);
+    const qint64 length = lengthArgument(call, 2, server_error::InvalidLengthLeftRight, "LEFT or SUBSTRING"_L1);
+    const qint64 size = text.size();
+    // A start in front of the text uses up part of the length.
+    const qint64 start = std::clamp<qint64>(call.whole(1), -size - length, size + 1);
+    const qint64 end = std::clamp<qint64>(start + std::min(length, 2 * size + length), 1, size + 1);
+    const qint64 begin = std::clamp<qint64>(start, 1, size + 1);
+    call.giveText(end > begin ? text.sliced(begin - 1, end - begin) : QStringView(u""));
+}
+
+void patindex(const Call& call) {
+    call.giveWhole(patternIndex(call.text(1), call.text(0)));
+}
+
+void like(const Call& call) {
+    call.giveWhole(matchesPattern(call.text(0), call.text(1), 0) ? 1 : 0);
+}
+
+void likeEscaped(const Call& call) {
+    const QStringView escape = call.text(2);
+    if (escape.size() != 1) {
+        throw serverError(506, u"The invalid escape character \"%1\" was specified in a LIKE predicate."_s.arg(escape));
+    }
+    call.giveWhole(matchesPattern(call.text(0), call.text(1), escape[0].unicode()) ? 1 : 0);
+}
+
+/// Where `wanted` stands in `text` at or behind `from`, -1 for nowhere; characters compare as in the collation.
+qsizetype find(QStringView text, QStringView wanted, qsizetype from) {
+    for (qsizetype start = from; !wanted.isEmpty() && start + wanted.size() <= text.size(); ++start) {
+        qsizetype i = 0;
+        while (i < wanted.size() && folded(text[start + i].unicode()) == folded(wanted[i].unicode())) {
+            ++i;
+        }
+        if (i == wanted.size()) {
+            return start;
+        }
+    }
+    return -1;
+}
+
+void charindex(const Call& call) {
+    call.giveWhole(find(call.text(1), call.text(0), 0) + 1);
+}
+
+void charindexFrom(const Call& call) {
+    const qint64 from = std::clamp<qint64>(call.whole(2), 1, call.text(1).size() + 1);
+    call.giveWhole(find(call.text(1), call.text(0), from - 1) + 1);
+}
+
+void replace(const Call& call) {
+    const QStringView text = call.text(0);
+    const QStringView wanted = call.text(1);
+    QString result;
+    qsizetype done = 0;
+    for (qsizetype found = find(text, wanted, 0); found >= 0; found = find(text, wanted, done)) {
+        result.append(text.sliced(done, found - done)).append(call.text(2));
+        done = found + wanted.size();
+    }
+    result.append(text.sliced(done));
+    call.giveText(result);
+}
+
+void ltrim(const Call& call) {
+    QStringView text = call.text(0);
+    while (text.startsWith(u' ')) {
+        text = text.sliced(1);
+    }
+    call.giveText(text);
+}
+
+void rtrim(const Call& call) {
+    call.giveText(withoutTrailingBlanks(call.text(0)));
+}
+
+void upper(const Call& call) {
+    call.giveText(call.text(0).toString().toUpper());
+}
+void lower(const Call& call) {
+    call.giveText(call.text(0).toString().toLower());
+}
+
+template <Kind kind>
+void toWhole(const Call& call) {
+    if (call.type(0) == SQLITE_INTEGER) {
+        call.giveWhole(wholeFromWhole(call.whole(0), kind));
+    } else if (call.type(0) == SQLITE_FLOAT) {
+        call.giveWhole(wholeFromReal(call.real(0), kind));
+    } else {
+        call.giveWhole(wholeFromText(call.text(0), kind));
+    }
+}
+
+void toReal(const Call& call) {
+    call.giveReal(call.type(0) == SQLITE_TEXT ? realFromText(call.text(0)) : call.real(0));
+}
+
+void toDateTime(const Call& call) {
+    if (call.type(0) != SQLITE_TEXT) {
+        throw serverError(server_error::InvalidDate, u"Conversion failed when converting a number to datetime."_s);
+    }
+    call.giveText(dateTimeFromText(call.text(0)));
+}
+
+void toText(const Call& call) {
+    if (call.type(0) == SQLITE_FLOAT) {
+        call.giveText(textFromReal(call.real(0)));
+    } else {
+        call.giveText(call.text(0));
+    }
+}
+
+void cut(const Call& call) {
+    const QStringView text = call.text(0);
+    call.giveText(text.left(std::min<qint64>(call.whole(1), text.size())));
+}
+
+void fit(const Call& call) {
+    call.giveText(fitted(call.text(0), static_cast<int>(call.whole(1))));
+}
+
+void divide(const Call& call) {
+    const bool whole = call.type(0) == SQLITE_INTEGER && call.type(1) == SQLITE_INTEGER;
+    if (call.real(1) == 0) {
+        throw serverError(server_error::DivisionByZero, u"Divide by zero error encountered."_s);
+    }
+    if (!whole) {
+        call.giveReal(call.real(0) / call.real(1));
+    } else if (call.whole(1) == -1) {
+        // The lowest number has no positive counterpart.
+        call.giveWhole(call.whole(0) == std::numeric_limits<qint64>::min() ? call.whole(0) : -call.whole(0));
+    } else {
+        call.giveWhole(call.whole(0) / call.whole(1));
+    }
+}
+
+void modulo(const Call& call) {
+    const qint64 divisor = call.whole(1);
+    if (divisor == 0) {
+        throw serverError(server_error::DivisionByZero, u"Divide by zero error encountered."_s);
+    }
+    call.giveWhole(divisor == -1 ? 0 : call.whole(0) % divisor);
+}
+
+void absolute(const Call& call) {
+    if (call.type(0) == SQLITE_INTEGER) {
+        const qint64 value = call.whole(0);
+        call.giveWhole(value < 0 && value != std::numeric_limits<qint64>::min() ? -value : value);
+    } else {
+        call.giveReal(std::abs(call.real(0)));
+    }
+}
+
+void getdate(const Call& call) {
+    call.giveText(QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH:mm:ss"));
+}
+
+/// Runs one function: NULL where an argument is NULL, and an error of T-SQL left for the driver.
+template <void (*function)(const Call&), int count>
+void run(sqlite3_context* context, int /*given*/, sqlite3_value** values) {
+    for (int i = 0; i < count; ++i) {
+        if (sqlite3_value_type(values[i]) == SQLITE_NULL) {
+            sqlite3_result_null(context);
+            return;
+        }
+    }
+    try {
+        function(Call(context, values));
+    } catch (const DatabaseError& error) {
+        static_cast<PendingError*>(sqlite3_user_data(context))->emplace(error);
+        sqlite3_result_error(context, error.what(), -1);
+    }
+}
+
+struct Function {
+    const char* name;
+    int arguments;
+    void (*run)(sqlite3_context*, int, sqlite3_value**);
+};
+
+constexpr std::array functionTable = {
+    Function{"tsql_len", 1, run<len, 1>},
+    Function{"tsql_left", 2, run<left, 2>},
+    Function{"tsql_right", 2, run<right, 2>},
+    Function{"tsql_substring", 3, run<substring, 3>},
+    Function{"tsql_patindex", 2, run<patindex, 2>},
+    Function{"tsql_like", 2, run<like, 2>},
+    Function{"tsql_like", 3, run<likeEscaped, 3>},
+    Function{"tsql_charindex", 2, run<charindex, 2>},
+    Function{"tsql_charindex", 3, run<charindexFrom, 3>},
+    Function{"tsql_replace", 3, run<replace, 3>},
+    Function{"tsql_ltrim", 1, run<ltrim, 1>},
+    Function{"tsql_rtrim", 1, run<rtrim, 1>},
+    Function{"tsql_upper", 1, run<upper, 1>},
+    Function{"tsql_lower", 1, run<lower, 1>},
+    Function{"tsql_bit", 1, run<toWhole<Kind::Bit>, 1>},
+    Function{"tsql_smallint", 1, run<toWhole<Kind::SmallInt>, 1>},
+    Function{"tsql_int", 1, run<toWhole<Kind::Int>, 1>},
+    Function{"tsql_bigint", 1, run<toWhole<Kind::BigInt>, 1>},
+    Function{"tsql_float", 1, run<toReal, 1>},
+    Function{"tsql_datetime", 1, run<toDateTime, 1>},
+    Function{"tsql_nvarchar", 1, run<toText, 1>},
+    Function{"tsql_cut", 2, run<cut, 2>},
+    Function{"tsql_fit", 2, run<fit, 2>},
+    Function{"tsql_divide", 2, run<divide, 2>},
+    Function{"tsql_modulo", 2, run<modulo, 2>},
+    Function{"tsql_abs", 1, run<absolute, 1>},
+};
+
+}  // namespace
+
+void registerFunctions(sqlite3* database, PendingError* pending) {
+    constexpr int flags = SQLITE_UTF16 | SQLITE_DETERMINISTIC;
+    for (const Function& function : functionTable) {
+        sqlite3_create_function_v2(database, function.name, function.arguments, flags, pending, function.run, nullptr,
+                                   nullptr, nullptr);
+    }
+    sqlite3_create_function_v2(database, "tsql_getdate", 0, SQLITE_UTF16, pending, run<getdate, 0>, nullptr, nullptr,
+                               nullptr);
+}
+
+}  // namespace talvora::embedded

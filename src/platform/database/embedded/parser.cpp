@@ -1,0 +1,327 @@
+#include "platform/database/embedded/parser.h"
+
+#include "platform/database/embedded/server_error.h"
+
+namespace talvora::embedded {
+
+using namespace Qt::StringLiterals;
+
+Parser::Nesting::Nesting(Parser& parser) : parser_(parser) {
+    constexpr int deepest = 150;
+    if (++parser_.depth_ > deepest) {
+        --parser_.depth_;
+        throw serverError(server_error::NestedTooDeeply, u"Some part of your SQL statement is nested too deeply."_s);
+    }
+}
+
+Statement Parser::parse() {
+    Statement statement;
+    if (isWord("select"_L1)) {
+        statement = query();
+    } else if (isWord("insert"_L1)) {
+        statement = insert();
+    } else if (isWord("update"_L1)) {
+        statement = update();
+    } else if (isWord("delete"_L1)) {
+        statement = remove();
+    } else if (isWord("create"_L1)) {
+        statement = create();
+    } else if (isWord("alter"_L1)) {
+        statement = alter();
+    } else if (isWord("drop"_L1)) {
+        statement = drop();
+    } else {
+        throw incorrectSyntax(peek().text);
+    }
+    while (acceptSymbol(";"_L1)) {
+    }
+    if (peek().kind != TokenKind::End) {
+        throw incorrectSyntax(peek().text);
+    }
+    return statement;
+}
+
+const Token& Parser::peek(std::size_t ahead) const {
+    const std::size_t last = tokens_.tokens.size() - 1;
+    return tokens_.tokens[std::min(next_ + ahead, last)];
+}
+
+const Token& Parser::take() {
+    const Token& token = peek();
+    if (token.kind != TokenKind::End) {
+        ++next_;
+    }
+    return token;
+}
+
+bool Parser::isWord(QLatin1StringView word, std::size_t ahead) const {
+    const Token& token = peek(ahead);
+    return token.kind == TokenKind::Word && token.text.compare(word, Qt::CaseInsensitive) == 0;
+}
+
+bool Parser::isSymbol(QLatin1StringView symbol, std::size_t ahead) const {
+    const Token& token = peek(ahead);
+    return token.kind == TokenKind::Symbol && token.text == symbol;
+}
+
+bool Parser::acceptWord(QLatin1StringView word) {
+    const bool found = isWord(word);
+    next_ += found ? 1 : 0;
+    return found;
+}
+
+bool Parser::acceptSymbol(QLatin1StringView symbol) {
+    const bool found = isSymbol(symbol);
+    next_ += found ? 1 : 0;
+    return found;
+}
+
+void Parser::expectWord(QLatin1StringView word) {
+    if (!acceptWord(word)) {
+        throw incorrectSyntax(peek().text);
+    }
+}
+
+void Parser::expectSymbol(QLatin1StringView symbol) {
+    if (!acceptSymbol(symbol)) {
+        throw incorrectSyntax(peek().text);
+    }
+}
+
+bool Parser::atName() const {
+    const Token& token = peek();
+    return token.kind == TokenKind::QuotedName || (token.kind == TokenKind::Word && !isReserved(token.text));
+}
+
+QString Parser::name() {
+    if (!atName()) {
+        throw incorrectSyntax(peek().text);
+    }
+    const Token& token = take();
+    QString name = token.text.toString();
+    if (token.kind == TokenKind::QuotedName) {
+        name.replace("]]"_L1, "]"_L1);
+    }
+    return name;
+}
+
+QString Parser::tableName() {
+    // A file holds one schema, so that what stands in front of the table's own name says nothing.
+    QString table = name();
+    while (acceptSymbol("."_L1)) {
+        table = name();
+    }
+    return table;
+}
+
+QString Parser::optionalAlias() {
+    if (acceptWord("as"_L1)) {
+        return peek().kind == TokenKind::Text ? tokens_.literals[static_cast<std::size_t>(structuralNumber())].content()
+                                              : name();
+    }
+    return atName() ? name() : QString();
+}
+
+int Parser::structuralNumber() {
+    const int literal = take().literal;
+    structural_.push_back(literal);
+    return literal;
+}
+
+SqlType Parser::dataType(int unsizedLength) {
+    const QStringView near = peek().text;
+    const QString word = name();
+    int length = unsizedLength;
+    if (acceptSymbol("("_L1)) {
+        if (acceptWord("max"_L1)) {
+            length = SqlType::Unlimited;
+        } else {
+            if (peek().kind != TokenKind::Integer) {
+                throw incorrectSyntax(peek().text);
+            }
+            const QStringView digits = peek().text;
+            structuralNumber();
+            bool ok = false;
+            length = digits.toInt(&ok);
+            constexpr int longest = 8000;
+            if (!ok || length < 1 || length > longest) {
+                throw incorrectSyntax(digits);
+            }
+            if (acceptSymbol(","_L1)) {
+                if (peek().kind != TokenKind::Integer) {
+                    throw incorrectSyntax(peek().text);
+                }
+                structuralNumber();
+            }
+        }
+        expectSymbol(")"_L1);
+    }
+    const SqlType type = typeNamed(word, length);
+    if (type.kind == Kind::Null) {
+        throw serverError(2715, u"Cannot find data type %1."_s.arg(near));
+    }
+    return type;
+}
+
+Query Parser::query() {
+    const Nesting nesting(*this);
+    Query query;
+    query.parts.push_back(select());
+    while (acceptWord("union"_L1)) {
+        query.unionAll.push_back(acceptWord("all"_L1));
+        query.parts.push_back(select());
+    }
+    query.order = ordering();
+    return query;
+}
+
+Select Parser::select() {
+    expectWord("select"_L1);
+    Select select;
+    select.distinct = acceptWord("distinct"_L1);
+    if (!select.distinct) {
+        acceptWord("all"_L1);
+    }
+    if (acceptWord("top"_L1)) {
+        const bool inBrackets = acceptSymbol("("_L1);
+        if (peek().kind != TokenKind::Integer) {
+            throw incorrectSyntax(peek().text);
+        }
+        const QStringView digits = peek().text;
+        structuralNumber();
+        bool ok = false;
+        select.top = digits.toInt(&ok);
+        if (!ok) {
+            throw incorrectSyntax(digits);
+        }
+        if (inBrackets) {
+            expectSymbol(")"_L1);
+        }
+    }
+    do {
+        select.items.push_back(selectItem());
+    } while (acceptSymbol(","_L1));
+    if (acceptWord("into"_L1)) {
+        select.into = tableName();
+    }
+    if (acceptWord("from"_L1)) {
+        select.from = sources();
+    }
+    if (acceptWord("where"_L1)) {
+        select.where = expression();
+    }
+    if (acceptWord("group"_L1)) {
+        expectWord("by"_L1);
+        select.groupBy = list();
+    }
+    if (acceptWord("having"_L1)) {
+        select.having = expression();
+    }
+    return select;
+}
+
+SelectItem Parser::selectItem() {
+    SelectItem item;
+    if (acceptSymbol("*"_L1)) {
+        return item;
+    }
+    std::size_t ahead = 0;
+    while (isSymbol("."_L1, ahead + 1)) {
+        ahead += 2;
+    }
+    if (ahead > 0 && isSymbol("*"_L1, ahead)) {
+        do {
+            item.starOf = name();
+            take();
+        } while (!acceptSymbol("*"_L1));
+        return item;
+    }
+    item.value = expression();
+    item.alias = optionalAlias();
+    return item;
+}
+
+std::vector<Join> Parser::sources() {
+    std::vector<Join> joins;
+    joins.push_back({JoinKind::Comma, source(), nullptr});
+    while (const auto kind = joinKind()) {
+        joins.push_back({*kind, source(), nullptr});
+        if (*kind != JoinKind::Comma && *kind != JoinKind::Cross) {
+            expectWord("on"_L1);
+            joins.back().on = expression();
+        }
+    }
+    return joins;
+}
+
+std::optional<JoinKind> Parser::joinKind() {
+    if (acceptSymbol(","_L1)) {
+        return JoinKind::Comma;
+    }
+    JoinKind kind = JoinKind::Inner;
+    if (acceptWord("cross"_L1)) {
+        kind = JoinKind::Cross;
+    } else if (acceptWord("left"_L1)) {
+        kind = JoinKind::Left;
+    } else if (acceptWord("right"_L1)) {
+        kind = JoinKind::Right;
+    } else if (acceptWord("full"_L1)) {
+        kind = JoinKind::Full;
+    } else if (!acceptWord("inner"_L1) && !isWord("join"_L1)) {
+        return std::nullopt;
+    }
+    if (kind != JoinKind::Inner && kind != JoinKind::Cross) {
+        acceptWord("outer"_L1);
+    }
+    expectWord("join"_L1);
+    return kind;
+}
+
+Source Parser::source() {
+    Source source;
+    if (acceptSymbol("("_L1)) {
+        source.derived = std::make_unique<Query>(query());
+        expectSymbol(")"_L1);
+        const QStringView near = peek().text;
+        source.alias = optionalAlias();
+        if (source.alias.isEmpty()) {
+            throw incorrectSyntax(near);
+        }
+        return source;
+    }
+    source.table = tableName();
+    source.alias = optionalAlias();
+    return source;
+}
+
+std::vector<OrderItem> Parser::ordering() {
+    std::vector<OrderItem> order;
+    if (!acceptWord("order"_L1)) {
+        return order;
+    }
+    expectWord("by"_L1);
+    do {
+        OrderItem item;
+        const Token& after = peek(1);
+        const bool alone = after.kind == TokenKind::End || isSymbol(","_L1, 1) || isSymbol(")"_L1, 1) ||
+                           isSymbol(";"_L1, 1) || isWord("asc"_L1, 1) || isWord("desc"_L1, 1);
+        if (peek().kind == TokenKind::Integer && alone) {
+            const QStringView digits = peek().text;
+            structuralNumber();
+            item.position = digits.toInt();
+            if (item.position < 1) {
+                throw incorrectSyntax(digits);
+            }
+        } else {
+            item.value = expression();
+        }
+        item.descending = acceptWord("desc"_L1);
+        if (!item.descending) {
+            acceptWord("asc"_L1);
+        }
+        order.push_back(std::move(item));
+    } while (acceptSymbol(","_L1));
+    return order;
+}
+
+}  // namespace talvora::embedded

@@ -1,0 +1,182 @@
+#pragma once
+
+#include "platform/database/embedded/sql_type.h"
+#include "platform/database/embedded/tokens.h"
+
+#include <QString>
+
+#include <memory>
+#include <variant>
+#include <vector>
+
+// What the parser reads out of a T-SQL statement: plain trees, without any knowledge of the tables.
+namespace talvora::embedded {
+
+struct Query;
+struct Expression;
+using ExpressionPtr = std::unique_ptr<Expression>;
+
+enum class Form : quint8 {
+    // values
+    Literal,
+    Null,
+    Column,
+    Arithmetic,  ///< name is one of + - * / %
+    Negate,
+    Call,      ///< name is the function; starred for count(*)
+    Case,      ///< [operand], when, then, when, then, …, [else]
+    Cast,      ///< to `type`
+    Subquery,  ///< a query that gives one value
+    // conditions
+    And,
+    Or,
+    Not,
+    Compare,  ///< name is the operator
+    Like,     ///< value, pattern, [escape]
+    In,       ///< value, then a list or `query`
+    Between,
+    IsNull,
+    Exists,
+};
+
+struct Expression {
+    Form form = Form::Null;
+    QStringView near;  ///< the token it began with, for messages
+    QString name;
+    QString qualifier;  ///< of a column: the table or alias in front of it
+    std::vector<ExpressionPtr> args;
+    std::unique_ptr<Query> query;
+    SqlType type;
+    TokenKind literalKind = TokenKind::Integer;
+    int literal = -1;
+    int depth = 1;
+    bool negative = false;  ///< of a literal: a minus stood in front
+    bool negated = false;   ///< not in, not like, is not null …
+    bool distinct = false;  ///< of a call: count(distinct …)
+    bool starred = false;
+    bool hasOperand = false;  ///< of a case: `case x when`, not `case when`
+    bool hasElse = false;
+
+    bool isCondition() const { return form >= Form::And; }
+};
+
+struct Source {
+    QString table;  ///< empty for a derived table
+    QString alias;  ///< empty when none was given
+    std::unique_ptr<Query> derived;
+};
+
+enum class JoinKind : quint8 { Comma, Inner, Left, Right, Full, Cross };
+
+struct Join {
+    JoinKind kind = JoinKind::Comma;
+    Source source;
+    ExpressionPtr on;
+};
+
+struct SelectItem {
+    ExpressionPtr value;  ///< none for a star
+    QString alias;
+    QString starOf;  ///< the table in front of the star
+};
+
+struct Select {
+    bool distinct = false;
+    int top = -1;  ///< rows; -1 for all
+    std::vector<SelectItem> items;
+    QString into;
+    std::vector<Join> from;
+    ExpressionPtr where;
+    std::vector<ExpressionPtr> groupBy;
+    ExpressionPtr having;
+};
+
+struct OrderItem {
+    ExpressionPtr value;
+    int position = 0;  ///< from 1; 0 when it is no bare number
+    bool descending = false;
+};
+
+/// One select, or several joined by union.
+struct Query {
+    std::vector<Select> parts;
+    std::vector<bool> unionAll;  ///< between the parts
+    std::vector<OrderItem> order;
+};
+
+struct Insert {
+    QString table;
+    std::vector<QString> columns;
+    std::vector<std::vector<ExpressionPtr>> rows;
+    std::unique_ptr<Query> query;
+};
+
+struct Assignment {
+    QString column;
+    ExpressionPtr value;
+};
+
+struct Update {
+    QString table;
+    std::vector<Assignment> assignments;
+    std::vector<Join> from;
+    ExpressionPtr where;
+};
+
+struct Delete {
+    QString table;
+    ExpressionPtr where;
+};
+
+struct ColumnDefinition {
+    QString name;
+    SqlType type;
+    bool identity = false;
+    bool notNull = false;
+    bool primaryKey = false;
+    bool unique = false;
+    QString defaultText;  ///< as SQLite writes it; empty for none
+};
+
+/// A primary key or a unique constraint over columns.
+struct KeyDefinition {
+    bool primary = false;
+    std::vector<QString> columns;
+};
+
+struct CreateTable {
+    QString table;
+    std::vector<ColumnDefinition> columns;
+    std::vector<KeyDefinition> keys;
+};
+
+struct AlterTable {
+    QString table;
+    std::vector<ColumnDefinition> added;
+};
+
+struct CreateIndex {
+    QString name;
+    QString table;
+    bool unique = false;
+    struct Column {
+        QString name;
+        bool descending = false;
+    };
+    std::vector<Column> columns;
+};
+
+struct DropTable {
+    std::vector<QString> tables;
+    bool ifExists = false;
+};
+
+struct DropIndex {
+    QString name;
+    QString table;
+};
+
+using Statement =
+    std::variant<Query, Insert, Update, Delete, CreateTable, AlterTable, CreateIndex, DropTable, DropIndex>;
+
+}  // namespace talvora::embedded
