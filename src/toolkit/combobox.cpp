@@ -5,6 +5,7 @@
 #include <QCompleter>
 #include <QEvent>
 #include <QLineEdit>
+#include <QStyledItemDelegate>
 
 namespace talvora {
 
@@ -21,6 +22,8 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent) {
     setInsertPolicy(QComboBox::NoInsert);
     // Keeps the toolkit from selecting the first item by itself.
     setPlaceholderText(u" "_s);
+    // The list in rows of the theme's height; the toolkit's own delegate ignores it.
+    setItemDelegate(new QStyledItemDelegate(this));
     connect(this, &QComboBox::activated, this, &ComboBox::Click);
 }
 

@@ -19,7 +19,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+#ifdef Q_OS_WIN
 constexpr qreal SmallestPoints = 9.0;
+#else
+constexpr qreal SmallestPoints = 10.0;
+#endif
 constexpr qreal LargestPoints = 10.5;
 constexpr QColor Disabled{0x8b, 0x94, 0xa1};
 

@@ -24,7 +24,8 @@ inline constexpr QColor Line{0xdd, 0xe1, 0xe7};
 inline constexpr QColor Text{0x1e, 0x26, 0x32};
 inline constexpr QColor TextQuiet{0x5c, 0x67, 0x76};
 
-/// The best Chinese interface font that is installed, at the platform's size kept between 9 and 10.5 points.
+/// The best Chinese interface font that is installed, at the platform's size within what reads well
+/// (9 or 10 to 10.5 points).
 QFont interfaceFont();
 
 }  // namespace theme
