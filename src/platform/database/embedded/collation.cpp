@@ -3,6 +3,8 @@
 #include <QChar>
 #include <QCollator>
 #include <QLocale>
+#include <QSysInfo>
+#include <QtEndian>
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -94,10 +96,52 @@ int orderOf(char16_t left, char16_t right) {
     return static_cast<int>(left) - static_cast<int>(right);
 }
 
-int compareRaw(void* /*context*/, int leftBytes, const void* left, int rightBytes, const void* right) {
-    constexpr int unit = sizeof(char16_t);
-    return compareText(QStringView(static_cast<const char16_t*>(left), leftBytes / unit),
-                       QStringView(static_cast<const char16_t*>(right), rightBytes / unit));
+/// Texts as they lie in SQLite's pages, which keep no alignment.
+struct RawText {
+    const char* data;
+    int size;
+
+    char16_t operator[](int i) const { return qFromUnaligned<char16_t>(data + i * unit); }
+    static constexpr int unit = sizeof(char16_t);
+};
+
+/// How many characters both texts begin with to the letter, or somewhat fewer: keys of one index often share a long
+/// beginning, so it is passed over four characters at a time.
+int sharedBeginning(const RawText& a, const RawText& b, int common) {
+    constexpr int stride = sizeof(quint64) / sizeof(char16_t);
+    int i = 0;
+    while (i + stride <= common &&
+           qFromUnaligned<quint64>(a.data + i * RawText::unit) == qFromUnaligned<quint64>(b.data + i * RawText::unit)) {
+        i += stride;
+    }
+    return i;
+}
+
+int compareRaw(const RawText& a, const RawText& b) {
+    const char16_t* fold = folding().data();
+    const int common = std::min(a.size, b.size);
+    for (int i = sharedBeginning(a, b, common); i < common; ++i) {
+        const char16_t x = a[i];
+        const char16_t y = b[i];
+        if (x != y && fold[x] != fold[y]) {
+            return orderOf(fold[x], fold[y]);
+        }
+    }
+    // The shorter text counts as filled up with blanks.
+    const RawText& longer = a.size > common ? a : b;
+    const int sign = a.size > common ? 1 : -1;
+    for (int i = common; i < longer.size; ++i) {
+        const char16_t rest = fold[longer[i]];
+        if (rest != u' ') {
+            return sign * orderOf(rest, u' ');
+        }
+    }
+    return 0;
+}
+
+int compareStored(void* /*context*/, int leftBytes, const void* left, int rightBytes, const void* right) {
+    return compareRaw({static_cast<const char*>(left), leftBytes / RawText::unit},
+                      {static_cast<const char*>(right), rightBytes / RawText::unit});
 }
 
 }  // namespace
@@ -113,25 +157,10 @@ int compareCharacters(char16_t left, char16_t right) {
 }
 
 int compareText(QStringView left, QStringView right) {
-    const std::vector<char16_t>& fold = folding();
-    const char16_t* a = left.utf16();
-    const char16_t* b = right.utf16();
-    const qsizetype common = std::min(left.size(), right.size());
-    for (qsizetype i = 0; i < common; ++i) {
-        if (a[i] != b[i] && fold[a[i]] != fold[b[i]]) {
-            return orderOf(fold[a[i]], fold[b[i]]);
-        }
-    }
-    // The shorter text counts as filled up with blanks.
-    const QStringView rest = left.size() > common ? left.sliced(common) : right.sliced(common);
-    const int sign = left.size() > common ? 1 : -1;
-    for (const QChar c : rest) {
-        const char16_t f = fold[c.unicode()];
-        if (f != u' ') {
-            return sign * orderOf(f, u' ');
-        }
-    }
-    return 0;
+    const auto raw = [](QStringView text) {
+        return RawText{reinterpret_cast<const char*>(text.utf16()), static_cast<int>(text.size())};
+    };
+    return compareRaw(raw(left), raw(right));
 }
 
 int orderFingerprint() {
@@ -155,7 +184,9 @@ int orderFingerprint() {
 }
 
 void registerCollation(sqlite3* database) {
-    sqlite3_create_collation_v2(database, collationName, SQLITE_UTF16_ALIGNED, nullptr, compareRaw, nullptr);
+    // Exactly the encoding of the files: with any other, SQLite would copy both texts before each comparison.
+    constexpr int encoding = QSysInfo::ByteOrder == QSysInfo::LittleEndian ? SQLITE_UTF16LE : SQLITE_UTF16BE;
+    sqlite3_create_collation_v2(database, collationName, encoding, nullptr, compareStored, nullptr);
 }
 
 }  // namespace talvora::embedded

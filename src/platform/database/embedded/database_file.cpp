@@ -69,8 +69,10 @@ void DatabaseFile::open(const QString& path, int flags) {
 
 void DatabaseFile::prepare(bool inMemory, Mode mode) {
     // Text as the program holds it, so that nothing is converted on the way. Heeded only by a new file.
-    runSqlite(database_, "PRAGMA encoding = 'UTF-16le'");
+    runSqlite(database_, "PRAGMA encoding = 'UTF-16'");
     runSqlite(database_, "PRAGMA temp_store = MEMORY");
+    // Kilobytes of pages kept: what a paper with some hundred thousand stored answers touches.
+    runSqlite(database_, "PRAGMA cache_size = -65536");
     if (inMemory) {
         return;
     }
