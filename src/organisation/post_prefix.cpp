@@ -11,7 +11,7 @@ QString PostPrefixes::of(const QString& postCode) {
     if (depth == 1) {
         last_.clear();
     } else if (depth > 1 && depth <= deepest) {
-        last_ = QString(depth - 2, u'|') + PostPrefixSign;
+        last_ = QString(depth - 2, u'|').append(PostPrefixSign);
     }
     return last_;
 }
