@@ -132,8 +132,7 @@ class Checker {
     }
 
     void letterCase() {
-        const bool isGood =
-            countOf(connection_, u"select count(*) from Modules where TableName='TESTING'"_s) == 1;
+        const bool isGood = countOf(connection_, u"select count(*) from Modules where TableName='TESTING'"_s) == 1;
         add(isGood, u"排序规则：%1"_s.arg(isGood ? u"不区分大小写"_s : u"区分大小写，应为 Chinese_PRC_CI_AS"_s));
     }
 
@@ -141,8 +140,7 @@ class Checker {
     void width() {
         connection_.Execute(u"select ScoreScope1 into #WidthProbe from Examination where ExaminationID=0"_s);
         connection_.Execute(u"insert into #WidthProbe (ScoreScope1) values ('0-59')"_s);
-        const bool isGood =
-            countOf(connection_, u"select patindex('%－%',ScoreScope1) from #WidthProbe"_s) == 2;
+        const bool isGood = countOf(connection_, u"select patindex('%－%',ScoreScope1) from #WidthProbe"_s) == 2;
         connection_.Execute(u"drop table #WidthProbe"_s);
         add(isGood, u"排序规则：%1"_s.arg(isGood ? u"不区分全角与半角"_s : u"区分全角与半角，测评将无法计分"_s));
     }

@@ -129,9 +129,8 @@ void BankPlan::take(const ImportPaper& paper, ImportFaults& faults) {
     }
     auto& main = mainType(paper);
     if (!main.subtypes.contains(comparable(paper.subtype)) && ++main.highestSubtype > mostSubtypes) {
-        fault(u"测评主类［%1］最多有 %2 个测评子类，不能再增加［%3］！"_s.arg(paper.mainType)
-                  .arg(mostSubtypes)
-                  .arg(paper.subtype));
+        fault(u"测评主类［%1］最多有 %2 个测评子类，不能再增加［%3］！"_s.arg(
+            paper.mainType, QString::number(mostSubtypes), paper.subtype));
     }
     auto& sub = subtype(paper);
     const bool isNew = sub.code.isEmpty();

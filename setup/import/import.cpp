@@ -177,4 +177,15 @@ ImportOutcome importPapers(const QByteArray& content, const Progress& progress) 
     return outcome;
 }
 
+QString outcomeText(const ImportOutcome& outcome) {
+    QStringList lines{u"导入完成：新增测评主类 %1 个、测评子类 %2 个、试卷 %3 份、试题 %4 道。"_s.arg(outcome.mainTypes)
+                          .arg(outcome.subtypes)
+                          .arg(outcome.papers)
+                          .arg(outcome.questions)};
+    for (const auto& note : outcome.notes) {
+        lines.append(u"提示："_s + note);
+    }
+    return lines.join(u'\n');
+}
+
 }  // namespace talvora

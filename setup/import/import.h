@@ -21,4 +21,7 @@ struct ImportOutcome {
 /// the database fail half way, all that was written is taken out again and a RuntimeError tells so.
 ImportOutcome importPapers(const QByteArray& content, const Progress& progress = {});
 
+/// What an import made, and its notes, as text for the user.
+QString outcomeText(const ImportOutcome& outcome);
+
 }  // namespace talvora

@@ -196,8 +196,8 @@ class PaperGatherer {
         }
         const auto& paper = papers_[*known];
         if (comparable(paper.mainType) != comparable(mainType_) || comparable(paper.subtype) != comparable(subtype_)) {
-            fault(row.line(),
-                  u"［试卷编号］［%1］已用于第 %2 行的［%3］！"_s.arg(number_).arg(paper.line).arg(paper.subtype));
+            fault(row.line(), u"［试卷编号］［%1］已用于第 %2 行的［%3］！"_s.arg(number_, QString::number(paper.line),
+                                                                                  paper.subtype));
         }
         compareHead(row, heads_[*known]);
         return *known;

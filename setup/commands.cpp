@@ -1,0 +1,201 @@
+#include "setup/commands.h"
+
+#include "core/mdlpublic.h"
+#include "platform/runtime_error.h"
+#include "setup/arguments.h"
+#include "setup/check.h"
+#include "setup/import/import.h"
+#include "setup/session.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTextStream>
+
+#include <array>
+#include <cstdio>
+
+namespace talvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void write(std::FILE* file, const QString& text) {
+    QTextStream stream(file);
+    stream.setEncoding(QStringConverter::System);
+    stream << text << Qt::endl;
+}
+
+void say(const QString& text) {
+    write(stdout, text);
+}
+
+void complain(const QString& text) {
+    write(stderr, text);
+}
+
+QString readPassword(const QString& prompt) {
+    complain(prompt);
+    QTextStream stream(stdin);
+    stream.setEncoding(QStringConverter::System);
+    return stream.readLine();
+}
+
+ExitCode wrongUse(const QString& fault) {
+    complain(fault);
+    complain(u"用法见 talvora-setup --help"_s);
+    return ExitCode::Usage;
+}
+
+// The words and options that a verb does not take.
+QString misfit(const Arguments& arguments, qsizetype words) {
+    if (arguments.words.size() > words) {
+        return u"多余的参数［%1］！"_s.arg(arguments.words[words]);
+    }
+    return arguments.words.size() < words ? u"缺少文件名！"_s : QString();
+}
+
+QString connectMisfit(const Arguments& arguments) {
+    if (arguments.options.contains(u"embedded"_s)) {
+        return arguments.options.size() > 1                ? u"参数［--embedded］不能与其它参数同用！"_s
+               : arguments.option(u"embedded"_s).isEmpty() ? u"参数［--embedded］缺少内容！"_s
+                                                           : QString();
+    }
+    for (const auto& name : {u"server"_s, u"database"_s, u"login"_s}) {
+        if (arguments.option(name).isEmpty()) {
+            return u"缺少参数［--%1］！"_s.arg(name);
+        }
+    }
+    return {};
+}
+
+ExitCode connectVerb(const Arguments& arguments) {
+    if (const auto fault = connectMisfit(arguments); !fault.isEmpty()) {
+        return wrongUse(fault);
+    }
+    auto connection = embeddedConnection(arguments.option(u"embedded"_s));
+    if (!arguments.options.contains(u"embedded"_s)) {
+        connection = {arguments.option(u"server"_s), arguments.option(u"database"_s), arguments.option(u"login"_s),
+                      readPassword(u"请输入数据库登录密码："_s)};
+    }
+    writeConnectionFile(connectionFilePath(), connection);
+    say(u"连接信息已保存到［%1］。"_s.arg(QDir::toNativeSeparators(connectionFilePath())));
+    if (awaitsInstallation(connection)) {
+        say(u"数据库文件尚不存在，请接着运行 talvora-setup install。"_s);
+        return ExitCode::Done;
+    }
+    try {
+        testConnection(connection);
+    } catch (const RuntimeError& error) {
+        complain(u"连接不成功：%1"_s.arg(error.description()));
+        return ExitCode::Failed;
+    }
+    say(u"连接成功。"_s);
+    return ExitCode::Done;
+}
+
+ExitCode installVerb(const Arguments&) {
+    const auto connection = savedConnection();
+    installDatabase(connection, readPassword(u"请设置系统用户［admin］的密码："_s));
+    say(u"安装完成，请用系统用户［admin］登录。"_s);
+    return ExitCode::Done;
+}
+
+ExitCode importVerb(const Arguments& arguments) {
+    const auto name = arguments.words.first();
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        complain(u"文件［%1］不能读取：%2"_s.arg(name, file.errorString()));
+        return ExitCode::Failed;
+    }
+    openSession(savedConnection());
+    const auto outcome = importPapers(file.readAll());
+    if (!outcome.faults.empty()) {
+        complain(u"文件［%1］有 %2 处错误，没有导入任何内容："_s.arg(name, QString::number(outcome.faults.size())));
+        complain(faultLines(outcome.faults).join(u'\n'));
+        return ExitCode::Failed;
+    }
+    say(outcomeText(outcome));
+    return ExitCode::Done;
+}
+
+ExitCode checkVerb(const Arguments&) {
+    openSession(savedConnection());
+    const auto items = checkDatabase(cnnPublic);
+    for (const auto& item : items) {
+        say((item.isGood ? u"  通过  "_s : u"※问题  "_s) + item.text);
+    }
+    say(isComplete(items) ? u"数据库完整。"_s : u"数据库不完整，请按上面的提示处理。"_s);
+    return isComplete(items) ? ExitCode::Done : ExitCode::Failed;
+}
+
+ExitCode helpVerb(const Arguments&) {
+    say(u"Talvora 安装工具\n"
+        "\n"
+        "用法：\n"
+        "  talvora-setup                      打开安装窗口\n"
+        "  talvora-setup connect --server 服务器 --database 数据库 --login 登录名\n"
+        "                                     保存并测试 SQL Server 连接；密码从标准输入读取一行\n"
+        "  talvora-setup connect --embedded 文件\n"
+        "                                     改用本机的内置数据库文件，相对路径从程序文件夹算起\n"
+        "  talvora-setup install              在空数据库中建表并写入基础数据；\n"
+        "                                     系统用户［admin］的密码从标准输入读取一行\n"
+        "  talvora-setup sample               装入示例题库、模型、职位、用户和测评记录\n"
+        "  talvora-setup import 文件.csv      导入试卷\n"
+        "  talvora-setup check                检查数据库是否完整\n"
+        "  talvora-setup --help               显示本说明\n"
+        "\n"
+        "服务器写作 主机、主机,端口 或 主机\\实例。密码不能写在命令行上。\n"
+        "退出代码：0 成功，1 未完成或检查发现问题，2 命令行有误。"_s);
+    return ExitCode::Done;
+}
+
+struct Verb {
+    QString name;
+    QStringList options;
+    qsizetype words;
+    ExitCode (*run)(const Arguments&);
+};
+
+const std::vector<Verb>& verbs() {
+    static const std::vector<Verb> all{
+        {u"connect"_s, {u"server"_s, u"database"_s, u"login"_s, u"embedded"_s}, 0, connectVerb},
+        {u"install"_s, {}, 0, installVerb},
+        {u"import"_s, {}, 1, importVerb},
+        {u"check"_s, {}, 0, checkVerb},
+        {u"--help"_s, {}, 0, helpVerb},
+        {u"-h"_s, {}, 0, helpVerb},
+        {u"help"_s, {}, 0, helpVerb},
+    };
+    return all;
+}
+
+}  // namespace
+
+ExitCode runCommand(const QStringList& arguments) {
+    const auto name = arguments.value(0);
+    const auto verb =
+        std::find_if(verbs().begin(), verbs().end(), [&](const Verb& candidate) { return candidate.name == name; });
+    if (verb == verbs().end()) {
+        return wrongUse(u"不认识的命令［%1］！"_s.arg(name));
+    }
+    QString fault;
+    const auto given = Arguments::parse(arguments.sliced(1), verb->options, fault);
+    if (fault.isEmpty()) {
+        fault = misfit(given, verb->words);
+    }
+    if (!fault.isEmpty()) {
+        return wrongUse(fault);
+    }
+    try {
+        const auto code = verb->run(given);
+        cnnPublic.Close();
+        return code;
+    } catch (const RuntimeError& error) {
+        cnnPublic.Abandon();
+        complain(error.description());
+        return ExitCode::Failed;
+    }
+}
+
+}  // namespace talvora

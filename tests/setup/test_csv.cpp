@@ -1,0 +1,138 @@
+#include "setup/import/csv.h"
+#include "setup/import/text_file.h"
+
+#include <QRandomGenerator>
+#include <gtest/gtest.h>
+
+namespace talvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The records as one text: line number, cells parted by "|", records by line breaks (written ¶ inside a cell).
+QString told(const std::vector<CsvRecord>& records) {
+    QStringList lines;
+    for (const auto& record : records) {
+        lines.append(QString::number(record.line) + u':' + record.cells.join(u'|').replace(u'\n', u'¶'));
+    }
+    return lines.join(u'\n');
+}
+
+struct CsvCase {
+    QString text;
+    QString records;
+    QStringList faults;
+};
+
+TEST(Csv, CutsRecordsAsSpreadsheetProgramsWriteThem) {
+    const std::vector<CsvCase> cases{
+        {u""_s, u""_s, {}},
+        {u"a,b\nc,d"_s, u"1:a|b\n2:c|d"_s, {}},
+        {u"a,b\n"_s, u"1:a|b"_s, {}},
+        {u"a,,\n"_s, u"1:a||"_s, {}},
+        {u",a"_s, u"1:|a"_s, {}},
+        {u"\"a,b\",c"_s, u"1:a,b|c"_s, {}},
+        {u"\"a\nb\",c\nd,e"_s, u"1:a¶b|c\n3:d|e"_s, {}},
+        {u"\"say \"\"hi\"\"\",c"_s, u"1:say \"hi\"|c"_s, {}},
+        {u"\"\",\"\"\"\""_s, u"1:|\""_s, {}},
+        {u"5\" disk,c"_s, u"1:5\" disk|c"_s, {}},
+        {u"a\n\n , \n\nb"_s, u"1:a\n5:b"_s, {}},
+        {u"\"a\" ,b"_s, u"1:a|b"_s, {}},
+        {u"x\n\"a\"b,c\nd"_s, u"1:x\n2:a|c\n3:d"_s, {u"第 2 行：结束引号之后还有文字！"_s}},
+        {u"x\n\"a,b\nc"_s, u"1:x\n2:a,b¶c"_s, {u"第 2 行：双引号没有配对的结束引号！"_s}},
+        {u"\""_s, u""_s, {u"第 1 行：双引号没有配对的结束引号！"_s}},
+    };
+    for (const auto& tested : cases) {
+        ImportFaults faults;
+        EXPECT_EQ(told(parseCsv(tested.text, u',', faults)), tested.records) << qPrintable(tested.text);
+        EXPECT_EQ(faultLines(faults), tested.faults) << qPrintable(tested.text);
+    }
+}
+
+TEST(Csv, TellsTheSeparatorByTheHeader) {
+    EXPECT_EQ(csvSeparator(u"a,b;c,d"_s), u',');
+    EXPECT_EQ(csvSeparator(u"a;b;c\n1,2,3,4,5"_s), u';');
+    EXPECT_EQ(csvSeparator(u"a\tb\tc"_s), u'\t');
+    EXPECT_EQ(csvSeparator(u"\"a;b;c;d\",e"_s), u',');
+    EXPECT_EQ(csvSeparator(u"alone"_s), u',');
+}
+
+// Whatever the text, the parser ends, gives no more lines than there are, and counts them upwards.
+TEST(Csv, StandsUpToRandomText) {
+    auto random = QRandomGenerator(20240315);
+    const QString letters = u"\"\",,;\n\n\t a题'1"_s;
+    for (int round = 0; round < 20'000; ++round) {
+        QString text;
+        for (quint32 length = random.bounded(30U); length > 0; --length) {
+            text += letters[random.bounded(static_cast<int>(letters.size()))];
+        }
+        ImportFaults faults;
+        int line = 0;
+        for (const auto& record : parseCsv(text, csvSeparator(text), faults)) {
+            ASSERT_GT(record.line, line) << qPrintable(text);
+            line = record.line;
+        }
+        ASSERT_LE(line, text.count(u'\n') + 1) << qPrintable(text);
+    }
+}
+
+struct EncodingCase {
+    const char* name;
+    QByteArray content;
+    QString text;
+    QStringList faults;
+};
+
+TEST(ImportText, ReadsWhatSpreadsheetProgramsSave) {
+    const QByteArray gbk("\xcc\xe2\xc4\xbf");  // 题目
+    const QByteArray utf8("\xe9\xa2\x98\xe7\x9b\xae");
+    const auto neither = u"第 2 行：含有既不是 UTF-8 也不是 GBK 编码的字符！"_s;
+    const auto utf16 = u"不支持 UTF-16 编码或二进制文件，请另存为“CSV UTF-8”格式！"_s;
+    const std::vector<EncodingCase> cases{
+        {"UTF-8", utf8 + ",a\r\n" + utf8, u"题目,a\n题目"_s, {}},
+        {"UTF-8 with mark", "\xef\xbb\xbf" + utf8, u"题目"_s, {}},
+        {"GBK", gbk + "\r\n" + gbk + '\n', u"题目\n题目\n"_s, {}},
+        {"old line ends", "a\rb", u"a\nb"_s, {}},
+        {"empty", "", u""_s, {}},
+        {"GBK behind a UTF-8 mark",
+         "\xef\xbb\xbf"
+         "a\n" +
+             gbk,
+         u""_s,
+         {u"第 2 行：含有不是 UTF-8 编码的字符！"_s}},
+        {"half a character", "a\n\xd6\nb", u""_s, {neither}},
+        {"no character", "a\n\xff\nb", u""_s, {neither}},
+        {"UTF-16 with mark",
+         QByteArray("\xff\xfe"
+                    "a\0",
+                    4),
+         u""_s,
+         {utf16}},
+        {"UTF-16 without", QByteArray("a\0b\0", 4), u""_s, {utf16}},
+        {"a workbook",
+         "PK\x03\x04zip",
+         u""_s,
+         {u"这是电子表格文件，不是 CSV 文件，请在电子表格程序中另存为 CSV 格式！"_s}},
+    };
+    for (const auto& tested : cases) {
+        ImportFaults faults;
+        EXPECT_EQ(fileText(tested.content, faults), tested.text) << tested.name;
+        EXPECT_EQ(faultLines(faults), tested.faults) << tested.name;
+    }
+}
+
+TEST(ImportFaultLines, AreSortedAndEndWithACount) {
+    ImportFaults faults;
+    for (int line = 60; line > 0; --line) {
+        faults.push_back({line, u"x"_s});
+    }
+    const auto lines = faultLines(faults);
+    ASSERT_EQ(lines.size(), 51);
+    EXPECT_EQ(lines.first(), u"第 1 行：x"_s);
+    EXPECT_EQ(lines.last(), u"……此外还有 10 处错误。"_s);
+}
+
+}  // namespace
+
+}  // namespace talvora
