@@ -40,6 +40,7 @@ void frmTesting::cmdStart_Click() {
     }
     if (ui->fg1->Rows() > 1) {
         SetRunState(true);
+        sheet_->goToFirstAnswer();
         ui->fg1->setFocus();
     }
 }

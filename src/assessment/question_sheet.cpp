@@ -66,6 +66,11 @@ qint16 QuestionSheet::addSection(const QString& heading, int answerAmount, const
     return toInt16(number);
 }
 
+void QuestionSheet::goToFirstAnswer() {
+    constexpr int firstAnswer = 3;  // below the header, the heading and the question
+    grid_->Select(std::min(firstAnswer, grid_->Rows() - 1), textCol);
+}
+
 void QuestionSheet::mark(int row) {
     grid_->setCellPicture(row, textCol, imgRadio2_);
 }
@@ -95,8 +100,9 @@ void QuestionSheet::toggle(int row) {
     }
     for (int other = answer + 1; other < mostAnswers; ++other) {
         const int below = row + other - answer;
-        // The bound leaves out the grid's very last row.
-        if (below < grid_->Rows() - 1 && text(below).startsWith(letter(other))) {
+        // Every question has an answer B. For the others the bound leaves out the grid's very last row.
+        const bool sureToBeThere = other == 1;
+        if (sureToBeThere || (below < grid_->Rows() - 1 && text(below).startsWith(letter(other)))) {
             unmark(below);
         }
     }

@@ -25,9 +25,12 @@ class QuestionSheet {
     /// Adds the section of one paper and tells how many questions it has. `answerAmount` answers a question, 2 to 5.
     qint16 addSection(const QString& heading, int answerAmount, const cQuestions& questions);
 
+    /// Makes the first answer the current cell, for the keyboard to start from.
+    void goToFirstAnswer();
+
     /// A click on `row`: marks the answer that stands there, or takes its mark off. A row that is no answer, and a
     /// number outside the grid, do nothing. Taking a mark off leaves the answer given with its question, which is
-    /// meant; so is that another answer's mark in the grid's very last row stays.
+    /// meant; so is that another answer's mark in the grid's very last row stays, unless it is a B.
     void toggle(int row);
 
     /// The answers of the run. `sections` are its papers in their order, with the answers a question in `TestingDesc`

@@ -1,0 +1,172 @@
+#include "windows/journey_bank.h"
+
+#include "models/csolution.h"
+#include "organisation/cposition.h"
+#include "settings/coption.h"
+#include "testbank/cexamination.h"
+#include "testbank/ctestingtype.h"
+#include "toolkit/icons.h"
+
+#include <QTest>
+
+namespace talvora::test {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void done(Status status) {
+    ASSERT_EQ(status, Status::Done);
+}
+
+void addType(const QString& name, const QString& parent) {
+    done(cTestingType().AddNew(parent.isEmpty() ? u"parent"_s : u"child"_s, parent, name));
+}
+
+struct Paper {
+    QString typeCode;
+    QString number;
+    int answers;
+    int questions;
+    qint16 minutes;
+    bool finished = true;
+};
+
+void addPaper(const Paper& plan) {
+    cExamination paper;
+    paper.TypeCode = plan.typeCode;
+    paper.ExaminationNum = plan.number;
+    paper.AnswerAmount = static_cast<qint16>(plan.answers);
+    paper.TestingTime = plan.minutes;
+    paper.ScoreScope1 = u"0-3"_s;
+    paper.ScoreScope2 = u"4-7"_s;
+    paper.ScoreScope3 = u"8-15"_s;
+    paper.ScoreScope4 = u"-"_s;
+    paper.DescScope1 = u"较差"_s;
+    paper.DescScope2 = u"一般"_s;
+    paper.DescScope3 = u"优秀"_s;
+    paper.Status = plan.finished ? u"1 - 已完成"_s : u"0 - 建立中"_s;
+    cQuestions questions;
+    for (int i = 1; i <= plan.questions; ++i) {
+        auto question = std::make_shared<cQuestion>();
+        question->QuestionID = static_cast<qint16>(i);
+        question->QuestionName = u"%1 第%2题，遇到这种情况您会怎么做？"_s.arg(plan.number).arg(i);
+        for (int a = 0; a < plan.answers; ++a) {
+            const auto at = static_cast<std::size_t>(a);
+            (*question).*questionAnswers[at] = u"%1．做法%2"_s.arg(QChar(u'A' + a)).arg(a + 1);
+            (*question).*questionScores[at] = static_cast<qint16>(a + 1);
+        }
+        questions.Add(question);
+    }
+    done(paper.AddNew(questions));
+}
+
+void addModel() {
+    cSolution model;
+    model.SolutionName = u"销售经理模型"_s;
+    model.PostName = u"销售经理"_s;
+    model.Version = u"1.0"_s;
+    cDimensions lines;
+    const struct {
+        QString code;
+        QString name;
+        QString weighing;
+    } plan[] = {{u"001"_s, u"职业素养"_s, u"50%"_s},
+                {u"001001"_s, u"责任心"_s, u"50%"_s},
+                {u"002"_s, u"专业能力"_s, u"25%"_s},
+                {u"002001"_s, u"逻辑推理"_s, u"25%"_s}};
+    for (const auto& row : plan) {
+        auto line = std::make_shared<cDimension>();
+        line->ID = static_cast<qint16>(lines.Count() + 1);
+        line->TypeCode = row.code;
+        line->TypeName = row.name;
+        line->Score = u"5"_s;
+        line->Weighing = row.weighing;
+        lines.Add(line);
+    }
+    done(model.AddNew(lines));
+}
+
+}  // namespace
+
+JourneyTest::JourneyTest() {
+    addType(u"职业素养"_s, QString());
+    addType(u"专业能力"_s, QString());
+    addType(u"责任心"_s, u"001"_s);
+    addType(u"诚信"_s, u"001"_s);
+    addType(u"逻辑推理"_s, u"002"_s);
+    addType(u"沟通"_s, u"002"_s);
+    addPaper({u"001001"_s, u"ZR-1"_s, 4, 3, 20});
+    addPaper({u"001002"_s, u"CX-1"_s, 4, 1, 20, false});
+    addPaper({u"002001"_s, u"LJ-1"_s, 2, 2, 1});
+    addPaper({u"002001"_s, u"LJ-2"_s, 2, 2, 1});
+    addPaper({u"002002"_s, u"GT-1"_s, 5, 2, 0});
+    done(cPosition::AddNew(u"parent"_s, QString(), u"总经理"_s, 1));
+    done(cPosition::AddNew(u"child"_s, u"001"_s, u"销售经理"_s, 3));
+    done(cPosition::AddNew(u"child"_s, u"001001"_s, u"销售专员"_s, 9));
+    addModel();
+}
+
+void setOption(const QString& name, const QString& value) {
+    done(cOption::Update(name, value));
+}
+
+void choose(ComboBox* list, const QString& text) {
+    ASSERT_TRUE(list->isVisible() && list->isEnabled()) << list->objectName().toStdString();
+    const int wanted = list->findText(text);
+    ASSERT_GE(wanted, 0) << "no item " << text.toStdString();
+    list->setFocus();
+    while (list->ListIndex() != wanted) {
+        const int before = list->ListIndex();
+        QTest::keyClick(list, before < wanted ? Qt::Key_Down : Qt::Key_Up);
+        ASSERT_NE(list->ListIndex(), before);
+    }
+}
+
+void clickCell(FlexGrid* grid, int row, int col) {
+    ASSERT_TRUE(grid->isVisible() && grid->isEnabled());
+    grid->Select(row, col);
+    const QRect cell = grid->CellRect(row, col);
+    ASSERT_TRUE(grid->viewport()->rect().contains(cell.center())) << "row " << row << " is out of view";
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, cell.center());
+}
+
+namespace {
+
+/// The grid rows of the questions, by the number that only they have in column 0.
+std::vector<int> questionRows(const FlexGrid* grid) {
+    std::vector<int> rows;
+    for (int row = 1; row < grid->Rows(); ++row) {
+        if (!grid->TextMatrix(row, 0).isEmpty()) {
+            rows.push_back(row);
+        }
+    }
+    return rows;
+}
+
+}  // namespace
+
+void answer(FlexGrid* grid, int number, QChar letter) {
+    const auto rows = questionRows(grid);
+    ASSERT_LE(number, static_cast<int>(rows.size()));
+    const int row = rows[static_cast<std::size_t>(number - 1)] + 1 + letter.unicode() - u'A';
+    ASSERT_TRUE(grid->TextMatrix(row, 1).startsWith(letter + u"． "_s)) << row;
+    clickCell(grid, row, 1);
+}
+
+QString marks(const FlexGrid* grid) {
+    const QImage marked = icon(u"radio-on"_s).pixmap(16, 16).toImage();
+    QString letters;
+    for (const int question : questionRows(grid)) {
+        QString found;
+        for (int row = question + 1; row < grid->Rows() && !grid->CellPicture(row, 1).isNull(); ++row) {
+            if (grid->CellPicture(row, 1).pixmap(16, 16).toImage() == marked) {
+                found += grid->TextMatrix(row, 1).left(1);
+            }
+        }
+        letters += found.isEmpty() ? u"-"_s : found;
+    }
+    return letters;
+}
+
+}  // namespace talvora::test

@@ -1,0 +1,165 @@
+#include "assessment/frmtesting.h"
+#include "windows/journey_bank.h"
+
+namespace talvora::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class Intake : public JourneyTest {
+ protected:
+    frmTesting& open() {
+        frmTesting& w = frmTesting::Default();
+        w.Show();
+        return w;
+    }
+};
+
+QStringList items(const ComboBox* list) {
+    QStringList texts;
+    for (int i = 0; i < list->ListCount(); ++i) {
+        texts += u"%1=%2"_s.arg(list->List(i)).arg(list->ItemData(i));
+    }
+    return texts;
+}
+
+TEST_F(Intake, OpensForAnOperator) {
+    frmTesting& w = open();
+    EXPECT_EQ(w.window()->windowTitle(), u"人员测评"_s);
+    EXPECT_EQ(focused(), w.ui->txtID);
+    EXPECT_TRUE(w.ui->txtID->isEnabled() && w.ui->txtName->isEnabled());
+    EXPECT_EQ(items(w.ui->cmbTypeName),
+              (QStringList{u"职业素养=1001"_s, u"|-责任心=2001001"_s, u"|-诚信=2001002"_s, u"专业能力=1002"_s,
+                           u"|-逻辑推理=2002001"_s, u"|-沟通=2002002"_s, u"素质模型=3000"_s, u"|-销售经理模型=41"_s}));
+    EXPECT_EQ(w.ui->cmbTypeName->ListIndex(), 1);
+    EXPECT_EQ(w.ui->cmbExamNum->text(), u"ZR-1"_s);
+    EXPECT_EQ(items(w.ui->cmbPosition), (QStringList{u"总经理=0"_s, u"|-销售经理=0"_s, u"||-销售专员=0"_s}));
+    EXPECT_TRUE(w.ui->cmbPosition->isVisible());
+    EXPECT_FALSE(w.ui->cmbPostName->isVisible());
+    EXPECT_TRUE(w.ui->cmbPosition->text().isEmpty());
+    EXPECT_EQ(w.ui->cmbSalary->text(), u"2000~4000"_s);
+    EXPECT_EQ(w.ui->cmbSex->text() + w.ui->cmbEducation->text(), u"男博士"_s);
+    EXPECT_EQ(w.ui->SSTab1->tabText(0), u"    测评    "_s);
+    EXPECT_EQ(w.ui->SSTab1->tabText(1), u"  测评结果  "_s);
+    EXPECT_TRUE(w.ui->cmdStart->isEnabled());
+    EXPECT_FALSE(w.ui->cmdSubmit->isEnabled() || w.ui->cmdNew->isVisible());
+    EXPECT_TRUE(w.ui->lblTime->text().isEmpty());
+    EXPECT_EQ(w.Timer1->interval(), 60000);
+}
+
+TEST_F(Intake, ChecksInTheirOrder) {
+    frmTesting& w = open();
+    const QString noType = u"请选择一种具体的［测评类型］进行测评！"_s;
+    const struct {
+        const char* why;
+        QString id;
+        QString name;
+        QString age;
+        QString salary;
+        QString typeName;
+        QString words;
+        QWidget* field;
+    } table[] = {
+        {"number of blanks", u"  "_s, u""_s, u"x"_s, u"?"_s, u"素质模型"_s, u"［身份证号］不能为空！"_s, w.ui->txtID},
+        {"name of blanks", u"1"_s, u"  "_s, u"x"_s, u"?"_s, u"素质模型"_s, u"［姓名］不能为空！"_s, w.ui->txtName},
+        {"age", u"1"_s, u"a"_s, u"x"_s, u"?"_s, u"素质模型"_s, u"［年龄］中只能输入数字！"_s, w.ui->txtAge},
+        {"salary", u"1"_s, u"a'"_s, u"30"_s, u"面议"_s, u"素质模型"_s, u"［薪资范围］输入不合法，请重新输入！"_s,
+         w.ui->cmbSalary},
+        {"full-width digit", u"1"_s, u"a"_s, u""_s, u"4０00"_s, u"素质模型"_s,
+         u"［薪资范围］输入不合法，请重新输入！"_s, w.ui->cmbSalary},
+        {"heading", u"1"_s, u"a"_s, u""_s, u""_s, u"素质模型"_s, noType, w.ui->cmbTypeName},
+        {"main type", u"1"_s, u"a"_s, u"5"_s, u"~"_s, u"专业能力"_s, noType, w.ui->cmbTypeName},
+        {"no finished paper", u"1"_s, u"a'"_s, u""_s, u"1~2~3"_s, u"|-诚信"_s,
+         u"所选测评类型尚未设置测评试卷，请换一种测评类型！"_s, w.ui->cmbExamNum},
+        {"quote", u"1'"_s, u"a"_s, u""_s, u""_s, u"|-沟通"_s, u"文本框中不可输入字符［'］！"_s, w.ui->txtName},
+        {"quote before a model", u"1"_s, u"'"_s, u""_s, u""_s, u"|-销售经理模型"_s, u"文本框中不可输入字符［'］！"_s,
+         w.ui->txtName},
+    };
+    for (const auto& row : table) {
+        PromptScript script;
+        retype(w.ui->txtID, row.id);
+        retype(w.ui->txtName, row.name);
+        retype(w.ui->txtAge, row.age);
+        retype(w.ui->cmbSalary, row.salary);
+        choose(w.ui->cmbTypeName, row.typeName);
+        script.expect(vbOK, row.words);
+        click(w.ui->cmdStart);
+        EXPECT_EQ(script.last().style, vbExclamation) << row.why;
+        EXPECT_EQ(focused(), row.field) << row.why;
+        EXPECT_TRUE(w.ui->cmdStart->isEnabled()) << row.why;
+        EXPECT_EQ(w.ui->fg1->Rows(), 1) << row.why;
+    }
+}
+
+TEST_F(Intake, LimitsOfTheFields) {
+    frmTesting& w = open();
+    EXPECT_EQ(w.ui->txtID->maxLength(), 20);
+    EXPECT_EQ(w.ui->txtName->maxLength(), 20);
+    EXPECT_EQ(w.ui->txtAge->maxLength(), 2);
+    EXPECT_EQ(w.ui->txtID->toolTip(), u"淡黄背景表示必填项"_s);
+}
+
+TEST_F(Intake, PaperListFollowsTheTest) {
+    frmTesting& w = open();
+    choose(w.ui->cmbTypeName, u"|-逻辑推理"_s);
+    EXPECT_EQ(items(w.ui->cmbExamNum), (QStringList{u"LJ-1=0"_s, u"LJ-2=0"_s}));
+    EXPECT_GE(w.ui->cmbExamNum->ListIndex(), 0) << "one is drawn";
+    choose(w.ui->cmbExamNum, u"LJ-2"_s);
+    type(w.ui->txtID, u"1"_s);
+    type(w.ui->txtName, u"a"_s);
+    click(w.ui->cmdStart);
+    EXPECT_TRUE(w.ui->fg1->TextMatrix(2, 1).startsWith(u"LJ-2"_s));
+    click(w.ui->cmdClose);
+    EXPECT_FALSE(w.isLoaded());
+
+    open();
+    for (const auto& text : {u"专业能力"_s, u"素质模型"_s, u"|-销售经理模型"_s}) {
+        choose(w.ui->cmbTypeName, text);
+        EXPECT_FALSE(w.ui->cmbExamNum->isEnabled()) << text.toStdString();
+        EXPECT_EQ(w.ui->cmbExamNum->ListCount(), 0) << text.toStdString();
+    }
+}
+
+TEST_F(Intake, PositionsBringTheirModels) {
+    setOption(u"blnPostRelational"_s, u"Y"_s);
+    frmTesting& w = open();
+    EXPECT_TRUE(w.ui->cmbPostName->isVisible());
+    EXPECT_FALSE(w.ui->cmbPosition->isVisible());
+    EXPECT_EQ(w.ui->cmbTypeName->ListIndex(), -1);
+    EXPECT_EQ(w.ui->cmbTypeName->ListCount(), 6) << "subtypes can be chosen until a position is";
+
+    PromptScript script;
+    type(w.ui->txtID, u"1"_s);
+    type(w.ui->txtName, u"a"_s);
+    const struct {
+        QString position;
+        QStringList tests;
+        int chosen;
+    } table[] = {
+        {u"总经理"_s, {u"素质模型=3000"_s}, -1},
+        {u"|-销售经理"_s, {u"素质模型=3000"_s, u"|-销售经理模型=41"_s}, 1},
+        {u"||-销售专员"_s, {u"素质模型=3000"_s}, -1},
+    };
+    for (const auto& row : table) {
+        choose(w.ui->cmbPostName, row.position);
+        EXPECT_EQ(items(w.ui->cmbTypeName), row.tests);
+        EXPECT_EQ(w.ui->cmbTypeName->ListIndex(), row.chosen);
+    }
+    script.expect(vbOK, u"请选择一种具体的［测评类型］进行测评！"_s);
+    click(w.ui->cmdStart);
+}
+
+TEST_F(Intake, FirstLevelPositionFindsNoModelEvenOfItsOwnName) {
+    setOption(u"blnPostRelational"_s, u"Y"_s);
+    cnnPublic.Execute(u"update TestingSolution set PostName='总经理'"_s);
+    frmTesting& w = open();
+    choose(w.ui->cmbPostName, u"总经理"_s);
+    EXPECT_EQ(w.ui->cmbTypeName->ListCount(), 1);
+    cnnPublic.Execute(u"update TestingSolution set PostName='经理'"_s);
+    choose(w.ui->cmbPostName, u"|-销售经理"_s);
+    choose(w.ui->cmbPostName, u"总经理"_s);
+    EXPECT_EQ(w.ui->cmbTypeName->ListCount(), 2) << "the first character is cut off";
+}
+
+}  // namespace
+}  // namespace talvora::test
