@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -20,6 +21,7 @@ struct CatalogColumn {
 struct CatalogTable {
     QString name;
     std::vector<CatalogColumn> columns;
+    std::vector<QStringList> indexes;  ///< the columns of each, in their order
 
     /// The column of that name, whatever its case; null when there is none.
     const CatalogColumn* column(const QString& columnName) const;
@@ -40,6 +42,8 @@ class Catalog {
 
  private:
     void load() const;
+    void loadColumns(const QByteArray& schema) const;
+    void loadIndexes() const;
 
     sqlite3* database_;
     mutable bool loaded_ = false;

@@ -102,16 +102,20 @@ Recordset EmbeddedDriver::execute(const QString& statement) {
 Translation EmbeddedDriver::translate(std::vector<Plan::Structural>& structural) {
     Parser parser(tokens_);
     const Statement tree = parser.parse();
-    for (const int literal : parser.structural()) {
-        structural.push_back({literal, tokens_.literals[static_cast<std::size_t>(literal)].text.toString()});
-    }
+    Translation translation;
     try {
-        return Translator(catalog_, tokens_).translate(tree);
+        translation = Translator(catalog_, tokens_).translate(tree);
     } catch (const DatabaseError&) {
         // Another session may have made the table or column since the catalogue was read.
         catalog_.clear();
-        return Translator(catalog_, tokens_).translate(tree);
+        translation = Translator(catalog_, tokens_).translate(tree);
     }
+    for (const auto* literals : {&parser.structural(), &std::as_const(translation.structural)}) {
+        for (const int literal : *literals) {
+            structural.push_back({literal, tokens_.literals[static_cast<std::size_t>(literal)].text.toString()});
+        }
+    }
+    return translation;
 }
 
 void EmbeddedDriver::define(const Translation& translation) {

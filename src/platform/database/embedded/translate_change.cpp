@@ -116,41 +116,24 @@ QString Translator::insertedQuery(const Query& query, const std::vector<const Ca
 void Translator::update(const Update& update) {
     const std::size_t target = targetIn(update.from, update.table);
     const bool repeated = target < update.from.size();
-    const Source* named = repeated ? &update.from[target].source : nullptr;
-    if (named && named->derived) {
+    if (repeated && update.from[target].source.derived) {
         throw incorrectSyntax(update.table);
     }
-    const CatalogTable& table = catalog_.table(named ? named->table : update.table);
-    const QString alias = named && !named->alias.isEmpty() ? named->alias : table.name;
+    const CatalogTable& table = catalog_.table(repeated ? update.from[target].source.table : update.table);
+    if (repeated || !rescore(update, table)) {
+        updateJoined(update, table, target);
+    }
+}
 
+void Translator::updateJoined(const Update& update, const CatalogTable& table, std::size_t target) {
+    const bool repeated = target < update.from.size();
+    const QString given = repeated ? update.from[target].source.alias : QString();
+    const QString alias = given.isEmpty() ? table.name : given;
     Scope scope;
-    scope.ranges.push_back({alias, {}});
-    for (const CatalogColumn& column : table.columns) {
-        scope.ranges[0].columns.push_back({column.name, column.type});
-    }
-    // SQLite wants the updated table out of the from clause. Its joins then are plain conditions.
+    scope.ranges.push_back(rangeOf(table, alias));
     QStringList conditions;
-    QString from;
-    if (repeated) {
-        QStringList texts;
-        for (std::size_t i = 0; i < update.from.size(); ++i) {
-            const Join& join = update.from[i];
-            if (join.kind == JoinKind::Left || join.kind == JoinKind::Right || join.kind == JoinKind::Full) {
-                throw incorrectSyntax(u"outer join");
-            }
-            if (i != target) {
-                texts += source(join.source, scope);
-            }
-        }
-        for (const Join& join : update.from) {
-            if (join.on) {
-                conditions += condition(*join.on, scope);
-            }
-        }
-        from = texts.isEmpty() ? QString() : u" FROM "_s + texts.join(u", "_s);
-    } else {
-        from = sources(update.from, scope);
-    }
+    const QString from = repeated ? otherSources(update.from, target, scope, conditions) : sources(update.from, scope);
+
     std::vector<const CatalogColumn*> columns;
     QStringList assignments;
     for (const Assignment& assignment : update.assignments) {
@@ -173,13 +156,39 @@ void Translator::update(const Update& update) {
     out_.statement = sql.toUtf8();
 }
 
+QString Translator::otherSources(const std::vector<Join>& from, std::size_t target, Scope& scope,
+                                 QStringList& conditions) {
+    // SQLite wants the updated table out of the from clause. The joins then are plain conditions.
+    QStringList texts;
+    for (std::size_t i = 0; i < from.size(); ++i) {
+        const JoinKind kind = from[i].kind;
+        if (kind == JoinKind::Left || kind == JoinKind::Right || kind == JoinKind::Full) {
+            throw incorrectSyntax(u"outer join");
+        }
+        if (i != target) {
+            texts += source(from[i].source, scope);
+        }
+    }
+    for (const Join& join : from) {
+        if (join.on) {
+            conditions += condition(*join.on, scope);
+        }
+    }
+    return texts.isEmpty() ? QString() : u" FROM "_s + texts.join(u", "_s);
+}
+
+Translator::Range Translator::rangeOf(const CatalogTable& table, const QString& name) {
+    Range range{name, {}, {}};
+    for (const CatalogColumn& column : table.columns) {
+        range.columns.push_back({column.name, column.type});
+    }
+    return range;
+}
+
 void Translator::remove(const Delete& remove) {
     const CatalogTable& table = catalog_.table(remove.table);
     Scope scope;
-    scope.ranges.push_back({table.name, {}});
-    for (const CatalogColumn& column : table.columns) {
-        scope.ranges[0].columns.push_back({column.name, column.type});
-    }
+    scope.ranges.push_back(rangeOf(table, table.name));
     QString sql = u"DELETE FROM "_s + quoted(table.name);
     if (remove.where) {
         sql += u" WHERE "_s + condition(*remove.where, scope);

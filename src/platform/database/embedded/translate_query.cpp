@@ -129,7 +129,7 @@ void Translator::star(const SelectItem& item, const Scope& scope, Rows& rows, QS
         }
         found = true;
         for (const Column& column : range.columns) {
-            sql += quoted(range.name) + u'.' + quoted(column.name) + u" AS "_s + quoted(column.name);
+            sql += range.sqlName() + u'.' + quoted(column.name) + u" AS "_s + quoted(column.name);
             rows.columns.push_back(column);
         }
     }
@@ -192,10 +192,7 @@ QString Translator::source(const Source& source, Scope& scope) {
         sql = u'(' + rows.sql + u')';
     } else {
         const CatalogTable& table = catalog_.table(source.table);
-        range.name = source.alias.isEmpty() ? source.table : source.alias;
-        for (const CatalogColumn& column : table.columns) {
-            range.columns.push_back({column.name, column.type});
-        }
+        range = rangeOf(table, source.alias.isEmpty() ? source.table : source.alias);
         sql = quoted(table.name);
     }
     sql += u" AS "_s + quoted(range.name);

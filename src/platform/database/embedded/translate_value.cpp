@@ -75,7 +75,7 @@ Translator::Piece Translator::column(const Expression& e, const Scope& scope) co
             }
         }
         if (found) {
-            return {quoted(in->name) + u'.' + quoted(found->name), found->type, found->type.isText()};
+            return {in->sqlName() + u'.' + quoted(found->name), found->type, found->type.isText()};
         }
     }
     if (!qualifierKnown) {

@@ -10,6 +10,11 @@
 
 namespace talvora::embedded {
 
+/// `name` as SQLite takes it, whatever characters it holds.
+QString quoted(const QString& name);
+/// How a column stands in a create table.
+QString columnSql(const QString& name, const SqlType& type);
+
 /// A literal's way into the translated statement: bound as a value of `kind`, so that T-SQL's conversions of literals
 /// cost nothing while the statement runs.
 struct Parameter {
@@ -27,6 +32,7 @@ struct Translation {
     QByteArray statement;                 ///< empty for a mere definition
     std::vector<Parameter> parameters;
     std::vector<QString> columns;  ///< of the rows it gives; empty when it gives none
+    std::vector<int> structural;   ///< literals whose very values the translation rests on
 };
 
 /// Writes SQLite's SQL for one statement. Names are resolved here, against the catalogue: it must be known of every
@@ -42,10 +48,14 @@ class Translator {
         QString name;
         SqlType type;
     };
-    /// A table in a from clause, by the name under which its columns are reached.
+    /// A table in a from clause, by the name under which its columns are reached, and the name that it has in the
+    /// translation where that is another.
     struct Range {
         QString name;
         std::vector<Column> columns;
+        QString translatedName;
+
+        QString sqlName() const { return quoted(translatedName.isEmpty() ? name : translatedName); }
     };
     struct Scope {
         std::vector<Range> ranges;
@@ -106,6 +116,20 @@ class Translator {
     std::vector<const CatalogColumn*> insertedColumns(const Insert& insert, const CatalogTable& table) const;
     QString insertedQuery(const Query& query, const std::vector<const CatalogColumn*>& columns);
     void update(const Update& update);
+    void updateJoined(const Update& update, const CatalogTable& table, std::size_t target);
+    QString otherSources(const std::vector<Join>& from, std::size_t target, Scope& scope, QStringList& conditions);
+    static Range rangeOf(const CatalogTable& table, const QString& name);
+
+    // updates that need not touch every row (translate_rescoring.cpp)
+    struct Rescoring;
+    bool rescore(const Update& update, const CatalogTable& table);
+    bool isRescoring(const Update& update, Rescoring& found) const;
+    const CatalogColumn* ownColumn(const Expression& e, const Rescoring& rescoring) const;
+    bool bindsByIndex(const Update& update, const Rescoring& rescoring) const;
+    bool hasDistinctConstants(const Rescoring& rescoring) const;
+    QString otherAnswers(const Update& update, const Rescoring& rescoring);
+    void addArms(QStringList& arms, const QString& from, const QString& rows, const QString& column,
+                 const QString& newValue) const;
     void remove(const Delete& remove);
 
     // definitions (translate_definition.cpp)
@@ -119,10 +143,5 @@ class Translator {
     const Tokens& tokens_;
     Translation out_;
 };
-
-/// `name` as SQLite takes it, whatever characters it holds.
-QString quoted(const QString& name);
-/// How a column stands in a create table.
-QString columnSql(const QString& name, const SqlType& type);
 
 }  // namespace talvora::embedded
