@@ -1,11 +1,8 @@
 #include "toolkit/flexgrid.h"
 
-#include "platform/runtime_error.h"
 #include "toolkit/flexgrid_delegate.h"
 #include "toolkit/flexgrid_header.h"
 #include "toolkit/flexgrid_paint.h"
-
-#include <QScrollBar>
 
 #include <algorithm>
 
@@ -84,7 +81,8 @@ void FlexGrid::setFrozenCols(int count) {
 }
 
 bool FlexGrid::ColHidden(int col) const {
-    return model_->column(col), isColumnHidden(col);
+    static_cast<void>(model_->column(col));
+    return isColumnHidden(col);
 }
 
 void FlexGrid::setColHidden(int col, bool hidden) {
@@ -121,8 +119,18 @@ void FlexGrid::AddItem(const QString& cells, int at) {
 }
 
 void FlexGrid::RemoveItem(int row) {
+    const bool current = row == Row() && row >= FixedRows();
+    const int place = model_->modelRow(row);
+    const int col = Col();
     model_->removeRow(row);
     later();
+    if (current) {
+        settle();
+        const int last = model_->rowCount() - 1;
+        if (last >= 0) {
+            Select(model_->gridRow(std::min(place, last)), col);
+        }
+    }
 }
 
 QString FlexGrid::TextMatrix(int row, int col) const {

@@ -68,7 +68,8 @@ class FlexGrid : public QTableView {
 
     /// Adds a row from one text, its cells separated by tabs; at the end, or in front of row `at`.
     void AddItem(const QString& cells, int at = -1);
-    /// Removes a row below the header.
+    /// Removes a row below the header. If it was the current one, the row that takes its place becomes current, and the
+    /// new last row after the last.
     void RemoveItem(int row);
 
     QString TextMatrix(int row, int col) const;
@@ -144,7 +145,6 @@ class FlexGrid : public QTableView {
     void DblClick();
 
  protected:
-    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -153,6 +153,7 @@ class FlexGrid : public QTableView {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;

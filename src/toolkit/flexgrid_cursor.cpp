@@ -1,4 +1,3 @@
-#include "platform/runtime_error.h"
 #include "toolkit/flexgrid.h"
 
 #include <QScrollBar>

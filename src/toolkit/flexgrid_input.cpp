@@ -1,5 +1,4 @@
 #include "toolkit/flexgrid.h"
-#include "toolkit/flexgrid_header.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -11,10 +10,15 @@ void FlexGrid::focusInEvent(QFocusEvent* event) {
     const bool byKeyboard = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
                             event->reason() == Qt::ShortcutFocusReason;
     if (byKeyboard && Row() < 0 && model_->rowCount() > 0) {
-        // The view would make a row current without showing it as selected.
         Select(model_->gridRow(0), firstVisibleCol());
     }
-    QTableView::focusInEvent(event);
+    if (currentIndex().isValid()) {
+        QTableView::focusInEvent(event);
+        return;
+    }
+    // The table view would make a row current without showing it as selected.
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
 }
 
 void FlexGrid::keyPressEvent(QKeyEvent* event) {

@@ -3,8 +3,6 @@
 #include "toolkit/flexgrid_header.h"
 #include "toolkit/flexgrid_paint.h"
 
-#include <QScrollBar>
-
 #include <algorithm>
 
 namespace talvora {
@@ -56,7 +54,8 @@ void FlexGrid::setColWidth(int col, int pixels) {
 }
 
 bool FlexGrid::ColWordWrap(int col) const {
-    return model_->column(col), delegate_->wraps(col);
+    static_cast<void>(model_->column(col));
+    return delegate_->wraps(col);
 }
 
 void FlexGrid::setColWordWrap(int col, bool wrap) {

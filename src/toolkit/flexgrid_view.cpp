@@ -12,12 +12,9 @@
 
 namespace talvora {
 
-bool FlexGrid::event(QEvent* event) {
-    // Whoever is about to see the grid finds it laid out.
-    if (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest) {
-        settle();
-    }
-    return QTableView::event(event);
+void FlexGrid::showEvent(QShowEvent* event) {
+    settle();
+    QTableView::showEvent(event);
 }
 
 void FlexGrid::changeEvent(QEvent* event) {
