@@ -1,0 +1,106 @@
+#include "records/scoring_bank.h"
+
+#include "core/data_routines.h"
+#include "core/mdlpublic.h"
+#include "platform/numbers.h"
+
+#include <algorithm>
+
+namespace talvora::test {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int letters = 5;
+
+QString questionName(int number) {
+    return u"题%1"_s.arg(number);
+}
+
+void addQuestion(int examination, int number, int answers) {
+    QString columns;
+    QString values;
+    for (int i = 1; i <= answers; ++i) {
+        columns += u",Answer%1,Score%1"_s.arg(i);
+        values += u",'答%1',%1"_s.arg(i);
+    }
+    cnnPublic.Execute(u"insert into ExaminationQuestion (ExaminationID,QuestionName%1) values (%2,'%3'%4)"_s.arg(
+        columns, QString::number(examination), questionName(number), values));
+}
+
+}  // namespace
+
+int addPaper(const PaperPlan& plan) {
+    QString columns;
+    QString values;
+    for (int i = 1; i <= plan.bands.size(); ++i) {
+        columns += u",ScoreScope%1,DescScope%1"_s.arg(i);
+        values +=
+            u",'"_s + plan.bands[i - 1].section(u' ', 0, 0) + u"','"_s + plan.bands[i - 1].section(u' ', 1) + u"'"_s;
+    }
+    cnnPublic.Execute(u"insert into Examination (TypeCode,ExaminationNum,AnswerAmount%1) values ('%2','1',%3%4)"_s.arg(
+        columns, plan.typeCode, QString::number(plan.answers), values));
+    const int examination = GetNewID(u"Examination"_s, u"ExaminationID"_s) - 1;
+    for (int number = 1; number <= plan.questions; ++number) {
+        addQuestion(examination, number, std::min(plan.answers, letters));
+    }
+    return examination;
+}
+
+int addModel(const QString& name, const QString& version, const std::vector<LinePlan>& lines) {
+    cnnPublic.Execute(u"insert into TestingSolution (SolutionName,Version) values ('%1','%2')"_s.arg(name, version));
+    const int solution = GetNewID(u"TestingSolution"_s, u"SolutionID"_s) - 1;
+    for (const auto& line : lines) {
+        cnnPublic.Execute(
+            u"insert into TestingSolutionDetail (SolutionID,TypeCode,TypeName,Score,Weighing) "
+            "values (%1,'%2','%3',1,%4)"_s.arg(QString::number(solution), line.typeCode, line.typeName,
+                                               QString::number(line.weighing)));
+    }
+    return solution;
+}
+
+cTesting candidate(const QString& typeName, const QString& name) {
+    cTesting test;
+    test.IDNumber = u"110101199001011234"_s;
+    test.Name = name;
+    test.Sex = u"女"_s;
+    test.Age = 34;
+    test.Education = u"本科"_s;
+    test.PostName = u"会计"_s;
+    test.Salary = u"3000~5000"_s;
+    test.TestingDate = u"2010-09-05 08:30:00"_s;
+    test.TypeName = typeName;
+    test.TypeCode = u"999999"_s;
+    return test;
+}
+
+Status submit(const cTesting& test, bool isModel, const std::vector<SheetPlan>& sheets) {
+    cTestings testings;
+    cTestingDetails details;
+    for (const auto& sheet : sheets) {
+        auto item = std::make_shared<cTesting>();
+        item->TestingID = testings.Count() + 1;
+        item->TypeCode = sheet.typeCode;
+        item->TypeName = sheet.typeName;
+        item->ExaminationID = sheet.examination;
+        item->ExamQuestions = static_cast<qint16>(sheet.letters.size());
+        testings.Add(item);
+        for (int i = 0; i < sheet.letters.size(); ++i) {
+            auto detail = std::make_shared<cTestingDetail>();
+            detail->ID = details.Count() + 1;
+            detail->ExaminationID = static_cast<qint16>(leadingNumber(sheet.examination));
+            detail->QuestionName = questionName(i + 1);
+            detail->Answer1 = u"答1"_s;
+            detail->Answer2 = u"答2"_s;
+            detail->Answer3 = u"答3"_s;
+            detail->Answer4 = u"答4"_s;
+            detail->Answer5 = u"答5"_s;
+            detail->SelectAnswer = sheet.letters[i] == u'_' ? QString() : QString(sheet.letters[i]);
+            details.Add(detail);
+        }
+    }
+    return test.AddNew(isModel, testings, details);
+}
+
+}  // namespace talvora::test
