@@ -1,0 +1,44 @@
+#include "results/cquery.h"
+
+#include "core/data_routines.h"
+#include "core/mdlpublic.h"
+#include "core/status_of.h"
+
+namespace talvora {
+
+using namespace Qt::StringLiterals;
+
+Status cQuery::AddNew(const QString& Query, const QString& Condition) {
+    return statusOf([&] {
+        if (IsExistName(u"Query"_s, u"Query"_s, Query, QString(), u"0"_s)) {
+            return Status::Taken;
+        }
+        QString quoted = Condition;
+        quoted.replace(u"'"_s, u"''"_s);
+        cnnPublic.Execute(u"insert into Query (Query,Condition) values ('"_s + Query + u"','"_s + quoted + u"')"_s);
+        return Status::Done;
+    });
+}
+
+Status cQuery::Delete(qint16 QueryID) {
+    return statusOf([&] {
+        cnnPublic.Execute(u"Delete from Query where QueryID="_s + QString::number(QueryID));
+        return Status::Done;
+    });
+}
+
+cQuerys& cQuerys::Find(qint16 QueryID) {
+    const QString statement = QueryID != 0 ? u"Select * from Query where QueryID="_s + QString::number(QueryID)
+                                           : u"Select * from Query order by Query"_s;
+    Clear();
+    for (const Row row : cnnPublic.Execute(statement)) {
+        auto query = std::make_shared<cQuery>();
+        query->QueryID = row.number16("QueryID");
+        query->Query = row.text("Query");
+        query->Condition = row.text("Condition");
+        Add(query);
+    }
+    return *this;
+}
+
+}  // namespace talvora

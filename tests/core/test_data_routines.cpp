@@ -1,0 +1,91 @@
+#include "core/data_routines.h"
+#include "support/database_fixture.h"
+
+namespace talvora::test {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class DataRoutinesTest : public DatabaseTest {
+ protected:
+    static void addTypes(const QStringList& codes) {
+        for (const QString& code : codes) {
+            cnnPublic.Execute(u"insert into TestingType (TestingType,TypeCode) values ('x','"_s + code + u"')"_s);
+        }
+    }
+    static void addQuery(const QString& name) {
+        cnnPublic.Execute(u"insert into Query (Query,Condition) values ('"_s + name + u"','')"_s);
+    }
+};
+TALVORA_ON_EVERY_ENGINE(DataRoutinesTest);
+
+TEST_P(DataRoutinesTest, NewIdFollowsTheGreatestPresent) {
+    EXPECT_EQ(GetNewID(u"Query"_s, u"QueryID"_s), 1);
+    addQuery(u"a"_s);
+    addQuery(u"b"_s);
+    const qint32 greatest = rowsOf(u"select max(QueryID) from Query"_s).toInt();
+    EXPECT_EQ(GetNewID(u"query"_s, u"queryid"_s), greatest + 1);
+    cnnPublic.Execute(u"delete from Query where Query='b'"_s);
+    EXPECT_EQ(GetNewID(u"Query"_s, u"QueryID"_s), greatest);
+    EXPECT_THROW(GetNewID(u"NoTable"_s, u"ID"_s), DatabaseError);
+}
+
+TEST_P(DataRoutinesTest, IdExistsWithOneRowOrMore) {
+    cnnPublic.Execute(u"insert into UserRole (UserID,RoleID) values (3,70)"_s);
+    EXPECT_TRUE(IsExistID(u"UserRole"_s, u"RoleID"_s, 70));
+    cnnPublic.Execute(u"insert into UserRole (UserID,RoleID) values (4,70)"_s);
+    EXPECT_TRUE(IsExistID(u"UserRole"_s, u"RoleID"_s, 70));
+    EXPECT_FALSE(IsExistID(u"UserRole"_s, u"RoleID"_s, 71));
+}
+
+TEST_P(DataRoutinesTest, NameExistsWithExactlyOneRow) {
+    const auto exists = [](const QString& name) {
+        return IsExistName(u"Query"_s, u"Query"_s, name, QString(), u"0"_s);
+    };
+    EXPECT_FALSE(exists(u"本科"_s));
+    addQuery(u"本科"_s);
+    EXPECT_TRUE(exists(u"本科"_s));
+    addQuery(u"本科"_s);
+    EXPECT_FALSE(exists(u"本科"_s)) << "two rows already share it";
+    EXPECT_THROW(exists(u"O'Neil"_s), DatabaseError);
+}
+
+TEST_P(DataRoutinesTest, RowBeingEditedIsLeftOut) {
+    addQuery(u"a"_s);
+    addQuery(u"b"_s);
+    const QString id = rowsOf(u"select QueryID from Query where Query='a'"_s);
+    EXPECT_FALSE(IsExistName(u"Query"_s, u"Query"_s, u"a"_s, u"QueryID"_s, id));
+    EXPECT_TRUE(IsExistName(u"Query"_s, u"Query"_s, u"b"_s, u"QueryID"_s, id));
+}
+
+TEST_P(DataRoutinesTest, TypeCodesRunOn) {
+    const struct {
+        QStringList present;
+        QString kind;
+        QString parent;
+        QString next;
+    } cases[] = {
+        {{}, u"parent"_s, QString(), u"001"_s},
+        {{u"005"_s, u"002"_s, u"005007"_s}, u"parent"_s, QString(), u"006"_s},
+        {{u"009"_s}, u"parent"_s, QString(), u"0010"_s},
+        {{u"009"_s, u"0010"_s}, u"parent"_s, QString(), u"0010"_s},
+        {{}, u"child"_s, QString(), u"001001"_s},
+        {{u"001"_s, u"001004"_s}, u"child"_s, QString(), u"001005"_s},
+        {{u"003"_s}, u"child"_s, u"003"_s, u"003001"_s},
+        {{u"003007"_s, u"004012"_s}, u"child"_s, u"003"_s, u"003008"_s},
+        {{u"001009"_s}, u"child"_s, u"001"_s, u"001010"_s},
+        {{u"001999"_s}, u"child"_s, u"001"_s, u"002000"_s},
+        {{u"010001"_s}, u"child"_s, u"010"_s, u"0010002"_s},
+        {{u"004012"_s}, u"Parent"_s, u"004"_s, u"004013"_s},
+    };
+    for (const auto& [present, kind, parent, next] : cases) {
+        cnnPublic.Execute(u"delete from TestingType"_s);
+        addTypes(present);
+        EXPECT_EQ(NewTypeCode(kind, parent), next) << present.join(u' ').toStdString();
+    }
+}
+
+}  // namespace
+
+}  // namespace talvora::test
