@@ -5,6 +5,7 @@
 #include "setup/arguments.h"
 #include "setup/check.h"
 #include "setup/import/import.h"
+#include "setup/sample/sample.h"
 #include "setup/session.h"
 
 #include <QDir>
@@ -119,6 +120,13 @@ ExitCode importVerb(const Arguments& arguments) {
     return ExitCode::Done;
 }
 
+ExitCode sampleVerb(const Arguments&) {
+    openSession(savedConnection());
+    installSample();
+    say(u"示例题库已装入。"_s);
+    return ExitCode::Done;
+}
+
 ExitCode checkVerb(const Arguments&) {
     openSession(savedConnection());
     const auto items = checkDatabase(cnnPublic);
@@ -161,6 +169,7 @@ const std::vector<Verb>& verbs() {
     static const std::vector<Verb> all{
         {u"connect"_s, {u"server"_s, u"database"_s, u"login"_s, u"embedded"_s}, 0, connectVerb},
         {u"install"_s, {}, 0, installVerb},
+        {u"sample"_s, {}, 0, sampleVerb},
         {u"import"_s, {}, 1, importVerb},
         {u"check"_s, {}, 0, checkVerb},
         {u"--help"_s, {}, 0, helpVerb},

@@ -11,7 +11,7 @@
 #include "toolkit/icons.h"
 #include "toolkit/prompts.h"
 #include "toolkit/quotes.h"
-#include "workbench/identity_number.h"
+#include "assessment/identity_number.h"
 
 #include <QTimer>
 

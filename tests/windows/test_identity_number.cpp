@@ -1,5 +1,5 @@
 #include "platform/runtime_error.h"
-#include "workbench/identity_number.h"
+#include "assessment/identity_number.h"
 
 #include <gtest/gtest.h>
 

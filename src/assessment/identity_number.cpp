@@ -1,4 +1,4 @@
-#include "workbench/identity_number.h"
+#include "assessment/identity_number.h"
 
 #include "platform/numbers.h"
 
