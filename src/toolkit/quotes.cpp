@@ -2,9 +2,8 @@
 
 #include "toolkit/form.h"
 
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QTextEdit>
+#include <QVariant>
+#include <QWidget>
 
 #include <algorithm>
 
@@ -15,14 +14,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString textOf(const QWidget* control) {
-    if (const auto* line = qobject_cast<const QLineEdit*>(control)) {
-        return line->text();
-    }
-    if (const auto* text = qobject_cast<const QPlainTextEdit*>(control)) {
-        return text->toPlainText();
-    }
-    if (const auto* richText = qobject_cast<const QTextEdit*>(control)) {
-        return richText->toPlainText();
+    for (const char* name : {"text", "plainText", "currentText"}) {
+        if (const QVariant text = control->property(name); text.isValid()) {
+            return text.toString();
+        }
     }
     return {};
 }

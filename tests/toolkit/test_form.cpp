@@ -276,12 +276,6 @@ TEST_F(FormTest, QuotesAreFoundInTextControlsOnly) {
         {"several lines", [&] { form.ui->txtNote->setPlainText(u"a\n'"_s); }, true},
         {"full-width", [&] { form.ui->txtName->setText(u"＇‘’"_s); }, false},
         {"combo box", [&] { form.ui->cmbSalary->setText(u"'"_s); }, false},
-        {"combo box of that name",
-         [&] {
-             form.ui->cmbSalary->setObjectName(u"cmbSalary"_s);
-             form.ui->cmbSalary->lineEdit()->setText(u"'"_s);
-         },
-         false},
         {"other case",
          [&] {
              form.ui->txtName->setObjectName(u"TxtName"_s);
