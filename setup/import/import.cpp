@@ -16,6 +16,29 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// What has been made so far is kept by name: its key is read back when it is needed, so that it can be taken out again
+// even when the reading of the key is what failed.
+struct MadeType {
+    QString kind;    ///< "1" a main type, "2" a subtype
+    QString parent;  ///< of a subtype: the code of its main type
+    QString name;
+
+    QString code() const {
+        cTestingTypes types;
+        for (const auto& type : types.Find(kind, parent)) {
+            if (comparable(type->Name) == comparable(name)) {
+                return type->NowCode;
+            }
+        }
+        throw RuntimeError(errors::InvalidCall, u"数据库写入失败：没有找到刚增加的［%1］。"_s.arg(name));
+    }
+};
+
+struct MadePaper {
+    QString typeCode;
+    QString number;
+};
+
 // Writes the papers one by one, each with the types that it needs and that are not there yet, and takes all of it out
 // again when one fails.
 class BankWriter {
@@ -56,21 +79,12 @@ class BankWriter {
         addPaper(paper, sub.code);
     }
 
-    static QString codeOf(const QString& kind, const QString& parent, const QString& name) {
-        cTestingTypes types;
-        for (const auto& type : types.Find(kind, parent)) {
-            if (comparable(type->Name) == comparable(name)) {
-                return type->NowCode;
-            }
-        }
-        throw RuntimeError(errors::InvalidCall, u"数据库写入失败：没有找到刚增加的［%1］。"_s.arg(name));
-    }
-
     QString addMainType(const ImportPaper& paper) {
-        demand(cTestingType().AddNew(u"parent"_s, {}, paper.mainType), u"测评主类［%1］"_s.arg(paper.mainType));
-        types_.append(codeOf(u"1"_s, {}, paper.mainType));
+        const MadeType made{u"1"_s, {}, paper.mainType};
+        demand(cTestingType().AddNew(u"parent"_s, {}, made.name), u"测评主类［%1］"_s.arg(made.name));
+        types_.push_back(made);
         ++outcome_.mainTypes;
-        return types_.last();
+        return made.code();
     }
 
     QString addSubtype(const ImportPaper& paper, const QString& mainCode, const BankSubtype& planned) {
@@ -86,10 +100,11 @@ class BankWriter {
             type.*testingTypeWords[static_cast<std::size_t>(i)] = planned.words[i];
             type.*testingTypeNotes[static_cast<std::size_t>(i)] = planned.explanations[i];
         }
-        demand(type.AddNew(u"child"_s, mainCode, paper.subtype), u"测评子类［%1］"_s.arg(paper.subtype));
-        types_.append(codeOf(u"2"_s, mainCode, paper.subtype));
+        const MadeType made{u"2"_s, mainCode, paper.subtype};
+        demand(type.AddNew(u"child"_s, mainCode, made.name), u"测评子类［%1］"_s.arg(made.name));
+        types_.push_back(made);
         ++outcome_.subtypes;
-        return types_.last();
+        return made.code();
     }
 
     void addPaper(const ImportPaper& paper, const QString& typeCode) {
@@ -111,7 +126,7 @@ class BankWriter {
         }
         examination.Status = paper.isDraft ? u"0 - 建立中"_s : u"1 - 已完成"_s;
         demand(examination.AddNew(questionsOf(paper)), u"试卷［%1］"_s.arg(paper.number));
-        papers_.append(cExamination::GetExamIDByNum(typeCode, paper.number));
+        papers_.push_back({typeCode, paper.number});
         ++outcome_.papers;
         outcome_.questions += static_cast<int>(paper.questions.size());
     }
@@ -140,19 +155,19 @@ class BankWriter {
         Status status = Status::Done;
         const auto remember = [&](Status step) { status = step == Status::Done ? status : step; };
         ResumeNext steps;
-        for (const auto paper : papers_ | std::views::reverse) {
-            steps([&] { remember(cExamination::Delete(paper)); });
+        for (const auto& paper : papers_ | std::views::reverse) {
+            steps([&] { remember(cExamination::Delete(cExamination::GetExamIDByNum(paper.typeCode, paper.number))); });
         }
-        for (const auto& code : types_ | std::views::reverse) {
-            steps([&] { remember(cTestingType::Delete(code)); });
+        for (const auto& type : types_ | std::views::reverse) {
+            steps([&] { remember(cTestingType::Delete(type.code())); });
         }
         return status == Status::Done ? steps.status() : status;
     }
 
     BankPlan& plan_;
     ImportOutcome& outcome_;
-    QList<qint16> papers_;  ///< the keys of the papers made so far
-    QStringList types_;     ///< the codes of the types made so far
+    std::vector<MadePaper> papers_;
+    std::vector<MadeType> types_;
 };
 
 }  // namespace

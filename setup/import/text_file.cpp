@@ -23,7 +23,8 @@ QStringDecoder gbkDecoder() {
 // Its line feed comes with it, so that a character cut off at the end of the line is noticed.
 bool decodeLine(QStringDecoder decoder, const QByteArray& line, QString& text) {
     const QString decoded = decoder.decode(line);
-    if (decoder.hasError() || decoded.contains(QChar(undefinedByte))) {
+    if (decoder.hasError() || decoded.contains(QChar(undefinedByte)) ||
+        decoded.contains(QChar(QChar::ReplacementCharacter))) {
         return false;
     }
     text += decoded;

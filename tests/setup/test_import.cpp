@@ -79,7 +79,7 @@ TEST_F(Import, UsesTheTypesThatAreThere) {
     EXPECT_EQ(outcome.mainTypes, 0);
     EXPECT_EQ(outcome.subtypes, 1);
     EXPECT_EQ(rowsOf(u"select TypeCode,TestingType,Note from TestingType order by TypeCode"_s),
-              u"001|职业素养|null\n001001|责任心|\n001002|诚信|"_s);
+              u"001|职业素养|null\n001001|责任心|\n001002|诚信|不再写入"_s);
     EXPECT_EQ(rowsOf(u"select TypeCode,ExaminationNum from Examination order by ExaminationID"_s),
               u"001001|P-1\n001001|P-2\n001002|P-3"_s);
 }

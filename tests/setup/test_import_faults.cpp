@@ -161,9 +161,9 @@ TEST_F(ImportRefusal, OfAFileWithoutQuestions) {
 
 TEST_F(ImportRefusal, OfACellBehindTheLastColumn) {
     const auto text = Sheet::valid().text().trimmed();
+    EXPECT_EQ(faultLines(importPapers((text + u",,x\n"_s).toUtf8()).faults),
+              QStringList{u"第 4 行：第 42 格［x］没有列名！"_s});
     EXPECT_EQ(faultLines(importPapers((text + u",,\n"_s).toUtf8()).faults), QStringList());
-    EXPECT_EQ(faultLines(importPapers((text + u",,x\n"_s).toUtf8()).faults).value(0),
-              u"第 4 行：第 42 格［x］没有列名！"_s);
 }
 
 TEST_F(ImportRefusal, OfANumberThatTwoSubtypesShare) {
