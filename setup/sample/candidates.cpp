@@ -34,7 +34,7 @@ QString identityNumberOf(SampleChance& chance, const QDate& birth, bool man) {
     const QString area = chance.pick(areas);
     for (;;) {
         const int order = chance.below(499) * 2 + (man ? 1 : 2);
-        const QString first17 = area + birth.toString(u"yyyyMMdd"_s) + u"%1"_s.arg(order, 3, 10, u'0');
+        const QString first17 = area + birth.toString(u"yyyyMMdd"_s) + u"%1"_s.arg(order, 3, 10, QChar(u'0'));
         const QString check = ChecksumChar(first17);
         if (check != "X"_L1) {
             return first17 + check;
