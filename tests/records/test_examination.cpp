@@ -55,16 +55,13 @@ class ExaminationTest : public DatabaseTest {
         return static_cast<qint16>(GetNewID(u"Examination"_s, u"ExaminationID"_s) - 1);
     }
 
-    static QString counts() {
-        return rowsOf(u"select count(*) from Examination"_s) + u' ' +
-               rowsOf(u"select count(*) from ExaminationQuestion"_s);
+    static QString counts() { return rowCounts({u"Examination"_s, u"ExaminationQuestion"_s}); }
+    static void forget() { emptyTables({u"Examination"_s, u"ExaminationQuestion"_s}); }
+    static void store() {
+        forget();
+        EXPECT_EQ(paper(2, u"old"_s).AddNew(questions(3)), Status::Done);
     }
-    static void forget() {
-        cnnPublic.Execute(u"delete from Examination"_s);
-        cnnPublic.Execute(u"delete from ExaminationQuestion"_s);
-    }
-
-    static QString id(qint16 number) { return QString::number(number); }
+    static qint16 stored() { return cExamination::GetExamIDByNum(u"001001"_s, u"old"_s); }
 };
 TALVORA_ON_EVERY_ENGINE(ExaminationTest);
 
@@ -157,51 +154,44 @@ TEST_P(ExaminationTest, NumbersAreComparedByTheRuleOfEachOperation) {
     EXPECT_EQ(changed.Update({}), Status::Done) << "a number that two others share";
 }
 
-TEST_P(ExaminationTest, AddNewStopsAtEachFailingStatement) {
-    const char* const left[] = {"0 0", "0 0", "0 0", "1 0", "1 0", "1 1", "1 2"};
-    constexpr int insertion = 3;
-    for (int failing = 1; failing <= 7; ++failing) {
-        const auto sent = statementsOf([] { EXPECT_EQ(paper(2).AddNew(questions(2)), Status::Failed); }, failing);
-        EXPECT_EQ(sent.size(), failing);
-        EXPECT_EQ(counts(), QString::fromLatin1(left[failing - 1])) << failing;
-        if (failing >= insertion) {
-            cnnPublic.RollbackTrans();
-            EXPECT_EQ(counts(), u"0 0"_s) << "the transaction was left open at " << failing;
-        }
-        forget();
-    }
+TEST_P(ExaminationTest, AddNewStopsAtEachFailingStatementAndLeavesTheTransactionOpen) {
+    failEachStatement(
+        {u"0 0"_s, u"0 0"_s, u"0 0"_s, u"1 0"_s, u"1 0"_s, u"1 1"_s, u"1 2"_s}, forget,
+        [] { EXPECT_EQ(paper(2).AddNew(questions(2)), Status::Failed); },
+        [](const QStringList& sent) {
+            EXPECT_EQ(sent.contains(u"commit transaction"_s), sent.size() == 7);
+            EXPECT_FALSE(sent.contains(u"rollback transaction"_s));
+            return counts();
+        });
 }
 
 TEST_P(ExaminationTest, UpdateHandsEachErrorToItsCaller) {
     cExamination changed = paper(2);
-    for (int failing = 1; failing <= 7; ++failing) {
-        forget();
-        EXPECT_EQ(paper(2, u"old"_s).AddNew(questions(3)), Status::Done);
-        changed.ExaminationID = cExamination::GetExamIDByNum(u"001001"_s, u"old"_s);
-        const auto sent = statementsOf([&] { EXPECT_THROW(changed.Update(questions(2)), DatabaseError); }, failing);
-        EXPECT_EQ(sent.size(), failing);
-        const char* const left[] = {"old 3", "old 3", "old 3", "P1 3", "P1 0", "P1 1", "P1 2"};
-        EXPECT_EQ(rowsOf(u"select ExaminationNum from Examination"_s) + u' ' +
-                      rowsOf(u"select count(*) from ExaminationQuestion"_s),
-                  QString::fromLatin1(left[failing - 1]))
-            << failing;
-        commitWhatIsOpen();
-    }
+    failEachStatement(
+        {u"old 1 3"_s, u"old 1 3"_s, u"old 1 3"_s, u"P1 1 3"_s, u"P1 1 0"_s, u"P1 1 1"_s, u"P1 1 2"_s},
+        [&] {
+            store();
+            changed.ExaminationID = stored();
+        },
+        [&] { EXPECT_THROW(changed.Update(questions(2)), DatabaseError); },
+        [](const QStringList&) { return rowsOf(u"select ExaminationNum from Examination"_s) + u' ' + counts(); });
 }
 
 TEST_P(ExaminationTest, DeleteGoesOnPastEachFailingStatement) {
-    const char* const left[] = {"0 0", "0 2", "1 0", "0 0"};
-    for (int failing = 1; failing <= 4; ++failing) {
-        paper(2).AddNew(questions(2));
-        const qint16 key = cExamination::GetExamIDByNum(u"001001"_s, u"P1"_s);
-        const auto sent = statementsOf([&] { EXPECT_EQ(cExamination::Delete(key), Status::Failed); }, failing);
-        EXPECT_EQ(sent.join(u'\n'),
-                  u"begin transaction\nDelete from ExaminationQuestion where ExaminationID=%1\n"
-                  "Delete from Examination where ExaminationID=%1\ncommit transaction"_s.arg(key));
-        commitWhatIsOpen();
-        EXPECT_EQ(counts(), QString::fromLatin1(left[failing - 1])) << failing;
-        forget();
-    }
+    qint16 key = 0;
+    failEachStatement(
+        {u"0 0"_s, u"0 3"_s, u"1 0"_s, u"0 0"_s},
+        [&] {
+            store();
+            key = stored();
+        },
+        [&] { EXPECT_EQ(cExamination::Delete(key), Status::Failed); },
+        [&](const QStringList& sent) {
+            EXPECT_EQ(sent.join(u'\n'),
+                      u"begin transaction\nDelete from ExaminationQuestion where ExaminationID=%1\n"
+                      "Delete from Examination where ExaminationID=%1\ncommit transaction"_s.arg(key));
+            return counts();
+        });
 }
 
 TEST_P(ExaminationTest, DeleteTakesThePaperAndItsQuestionsOnly) {
@@ -213,11 +203,16 @@ TEST_P(ExaminationTest, DeleteTakesThePaperAndItsQuestionsOnly) {
     EXPECT_EQ(cExamination::GetExamQuestions(30'000), 0);
 }
 
-TEST_P(ExaminationTest, LookUpsByNumber) {
+TEST_P(ExaminationTest, LookUpsByNumberKnowTheDefaults) {
     paper(4).AddNew({});
     cnnPublic.Execute(u"insert into Examination (TypeCode,ExaminationNum) values ('001001','null')"_s);
     EXPECT_EQ(cExamination::GetExamAnswersByNum(u"001001"_s, u"P1"_s), 4);
     EXPECT_EQ(cExamination::GetExamAnswersByNum(u"001001"_s, u"null"_s), 2);
+    cExaminations papers;
+    const auto bare = papers.FindByExamID(cExamination::GetExamIDByNum(u"001001"_s, u"null"_s)).Item(1);
+    EXPECT_EQ(bare->AnswerAmount, 2);
+    EXPECT_EQ(bare->TestingTime, 10);
+    EXPECT_EQ(bare->DescScope4 + bare->Status, QString());
     EXPECT_THROW(cExamination::GetExamIDByNum(u"001002"_s, u"P1"_s), RuntimeError);
     EXPECT_THROW(cExamination::GetExamAnswersByNum(u"001001"_s, u"P9"_s), RuntimeError);
 }
@@ -267,22 +262,6 @@ TEST_P(ExaminationTest, LoadersFillWhatEachPromises) {
         EXPECT_EQ(loaded->AnswerAmount, 3);
         EXPECT_EQ(loaded->TestingTime, 45);
     }
-}
-
-TEST_P(ExaminationTest, MissingNumbersHaveDefaults) {
-    cnnPublic.Execute(u"insert into Examination (TypeCode,ExaminationNum) values ('001001','1')"_s);
-    cExaminations papers;
-    const auto paper = papers.FindByTypeCode(u"001001"_s, false).Item(1);
-    EXPECT_EQ(paper->AnswerAmount, 2);
-    EXPECT_EQ(paper->TestingTime, 10);
-    EXPECT_EQ(paper->DescScope4 + paper->Status, QString());
-}
-
-TEST_P(ExaminationTest, NumberPast16BitsFailsAtReading) {
-    const qint16 key = add(u"001001"_s, u"1"_s);
-    cnnPublic.Execute(u"update Examination set TestingTime=40000 where ExaminationID="_s + id(key));
-    cExaminations papers;
-    EXPECT_THROW(papers.FindByExamID(key), RuntimeError);
 }
 
 TEST_P(ExaminationTest, QuestionsComeByKeyWithEveryColumn) {

@@ -16,10 +16,8 @@ class RoleTest : public DatabaseTest {
         forget();
     }
 
-    static void forget() {
-        cnnPublic.Execute(u"delete from Roles"_s);
-        cnnPublic.Execute(u"delete from RoleRight"_s);
-    }
+    static void forget() { emptyTables({u"Roles"_s, u"RoleRight"_s}); }
+    static QString counts() { return rowCounts({u"Roles"_s, u"RoleRight"_s}); }
 
     static void addRow(const QString& code, const QString& name) {
         cnnPublic.Execute(u"insert into Roles (RoleName,RoleCode) values ('"_s + name + u"','"_s + code + u"')"_s);
@@ -39,10 +37,6 @@ class RoleTest : public DatabaseTest {
 
     static qint16 keyOf(const QString& name) {
         return static_cast<qint16>(rowsOf(u"select RoleID from Roles where RoleName='"_s + name + u'\'').toInt());
-    }
-
-    static QString counts() {
-        return rowsOf(u"select count(*) from Roles"_s) + u' ' + rowsOf(u"select count(*) from RoleRight"_s);
     }
 };
 TALVORA_ON_EVERY_ENGINE(RoleTest);
@@ -110,27 +104,21 @@ TEST_P(RoleTest, NameHeldByJustOneOtherRoleIsTaken) {
 }
 
 TEST_P(RoleTest, EachErrorGoesToTheCallerWithTheTransactionOpen) {
-    addRow(u"001"_s, u"old"_s);
-    const qint16 id = keyOf(u"old"_s);
-    for (const bool adding : {true, false}) {
-        const int length = adding ? 8 : 7;
-        for (int failing = 1; failing <= length; ++failing) {
-            const auto sent = statementsOf(
-                [&] {
-                    if (adding) {
-                        EXPECT_THROW(cRole::AddNew({}, u"new"_s, {}, twoRights()), DatabaseError);
-                    } else {
-                        EXPECT_THROW(cRole::Update(id, u"new"_s, {}, twoRights()), DatabaseError);
-                    }
-                },
-                failing);
-            EXPECT_EQ(sent.size(), failing);
-            if (failing > 2) {
-                cnnPublic.RollbackTrans();
-            }
-            EXPECT_EQ(rowsOf(u"select RoleName from Roles"_s) + counts(), u"old1 0"_s) << adding << failing;
-        }
-    }
+    qint16 id = 0;
+    const auto store = [&] {
+        forget();
+        addRow(u"001"_s, u"old"_s);
+        id = keyOf(u"old"_s);
+    };
+    const auto left = [](const QStringList& sent) {
+        return counts() + (sent.contains(u"commit transaction"_s) ? u" at the commit"_s : QString());
+    };
+    failEachStatement(
+        {u"1 0"_s, u"1 0"_s, u"1 0"_s, u"1 0"_s, u"2 0"_s, u"2 0"_s, u"2 1"_s, u"2 2 at the commit"_s}, store,
+        [] { EXPECT_THROW(cRole::AddNew({}, u"new"_s, {}, twoRights()), DatabaseError); }, left);
+    failEachStatement(
+        {u"1 0"_s, u"1 0"_s, u"1 0"_s, u"1 0"_s, u"1 0"_s, u"1 1"_s, u"1 2 at the commit"_s}, store,
+        [&] { EXPECT_THROW(cRole::Update(id, u"new"_s, {}, twoRights()), DatabaseError); }, left);
 }
 
 TEST_P(RoleTest, RoleInUseIsNotDeleted) {
@@ -144,16 +132,16 @@ TEST_P(RoleTest, RoleInUseIsNotDeleted) {
 }
 
 TEST_P(RoleTest, DeleteGoesOnPastEachFailingStatement) {
-    const char* const left[] = {"1 2", "0 0", "0 2", "1 0", "0 0"};
-    for (int failing = 1; failing <= 5; ++failing) {
-        forget();
-        cRole::AddNew({}, u"a"_s, {}, twoRights());
-        const qint16 id = keyOf(u"a"_s);
-        const auto sent = statementsOf([&] { EXPECT_EQ(cRole::Delete(id), Status::Failed); }, failing);
-        EXPECT_EQ(sent.size(), failing == 1 ? 1 : 5) << "an unanswered guard deletes nothing";
-        commitWhatIsOpen();
-        EXPECT_EQ(counts(), QString::fromLatin1(left[failing - 1])) << failing;
-    }
+    qint16 id = 0;
+    // An unanswered guard deletes nothing.
+    failEachStatement(
+        {u"1 2"_s, u"0 0"_s, u"0 2"_s, u"1 0"_s, u"0 0"_s},
+        [&] {
+            forget();
+            cRole::AddNew({}, u"a"_s, {}, twoRights());
+            id = keyOf(u"a"_s);
+        },
+        [&] { EXPECT_EQ(cRole::Delete(id), Status::Failed); }, [](const QStringList&) { return counts(); });
 }
 
 TEST_P(RoleTest, RightsAreFoundByModuleAndFunction) {

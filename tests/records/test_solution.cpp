@@ -51,13 +51,10 @@ class SolutionTest : public DatabaseTest {
         return static_cast<qint16>(
             rowsOf(u"select SolutionID from TestingSolution where SolutionName='"_s + name + u'\'').toInt());
     }
-    static QString counts() {
-        return rowsOf(u"select count(*) from TestingSolution"_s) + u' ' +
-               rowsOf(u"select count(*) from TestingSolutionDetail"_s);
-    }
-    static void forget() {
-        cnnPublic.Execute(u"delete from TestingSolution"_s);
-        cnnPublic.Execute(u"delete from TestingSolutionDetail"_s);
+    static QString counts() { return rowCounts({u"TestingSolution"_s, u"TestingSolutionDetail"_s}); }
+    static void store() {
+        emptyTables({u"TestingSolution"_s, u"TestingSolutionDetail"_s});
+        EXPECT_EQ(head(u"old"_s).AddNew(lines({{u"009"_s, u"1"_s, u"1.%"_s}})), Status::Done);
     }
 };
 TALVORA_ON_EVERY_ENGINE(SolutionTest);
@@ -114,51 +111,43 @@ TEST_P(SolutionTest, NameHeldByJustOneOtherModelIsTaken) {
 }
 
 TEST_P(SolutionTest, AddNewRollsBackAtEachFailingStatement) {
-    head(u"旧"_s).AddNew(twoLines());
-    for (int failing = 1; failing <= 7; ++failing) {
-        const auto sent = statementsOf([] { EXPECT_EQ(head(u"主管"_s).AddNew(twoLines()), Status::Failed); }, failing);
-        // The guard and the opening have nothing to roll back.
-        EXPECT_EQ(sent.contains(u"rollback transaction"_s), failing > 2) << failing;
-        commitWhatIsOpen();
-        EXPECT_EQ(counts(), u"1 2"_s) << failing;
-    }
+    const QString before = u"1 1"_s;
+    failEachStatement(
+        {before, before, before, before, before, before, before}, store,
+        [] { EXPECT_EQ(head(u"主管"_s).AddNew(twoLines()), Status::Failed); },
+        [](const QStringList& sent) {
+            // The guard and the opening have nothing to roll back.
+            EXPECT_EQ(sent.contains(u"rollback transaction"_s), sent.size() > 2);
+            return counts();
+        });
     EXPECT_EQ(head(u"主管"_s).AddNew(lines({{u"001"_s, u"6"_s, u"1.%"_s}, {u"001001"_s, u"x"_s, u"1.%"_s}})),
               Status::Failed);
     EXPECT_EQ(head(u"主管"_s).AddNew(lines({{u"001"_s, u"6"_s, u"many"_s}})), Status::Failed);
-    EXPECT_EQ(counts(), u"1 2"_s);
+    EXPECT_EQ(counts(), before);
 }
 
 TEST_P(SolutionTest, UpdateGoesOnPastEachFailingStatement) {
-    // Statements: guard, begin, head, delete, two lines, commit. Name and number of lines that are left.
-    const char* const left[] = {"old 1", "new 2", "old 2", "new 3", "new 1", "new 1", "new 2"};
-    for (int failing = 1; failing <= 7; ++failing) {
-        forget();
-        head(u"old"_s).AddNew(lines({{u"009"_s, u"1"_s, u"1.%"_s}}));
-        cSolution changed = head(u"new"_s);
-        changed.SolutionID = keyOf(u"old"_s);
-        const auto sent = statementsOf([&] { EXPECT_EQ(changed.Update(twoLines()), Status::Failed); }, failing);
-        EXPECT_EQ(sent.size(), failing == 1 ? 1 : 7);
-        commitWhatIsOpen();
-        EXPECT_EQ(rowsOf(u"select SolutionName from TestingSolution"_s) + u' ' +
-                      rowsOf(u"select count(*) from TestingSolutionDetail"_s),
-                  QString::fromLatin1(left[failing - 1]))
-            << failing;
-    }
+    cSolution changed = head(u"new"_s);
+    // Statements: guard, begin, head, delete, two lines, commit. An unanswered guard writes nothing.
+    failEachStatement(
+        {u"old 1 1"_s, u"new 1 2"_s, u"old 1 2"_s, u"new 1 3"_s, u"new 1 1"_s, u"new 1 1"_s, u"new 1 2"_s},
+        [&] {
+            store();
+            changed.SolutionID = keyOf(u"old"_s);
+        },
+        [&] { EXPECT_EQ(changed.Update(twoLines()), Status::Failed); },
+        [](const QStringList&) { return rowsOf(u"select SolutionName from TestingSolution"_s) + u' ' + counts(); });
 }
 
 TEST_P(SolutionTest, DeleteGoesOnPastEachFailingStatement) {
-    const char* const left[] = {"0 0", "0 2", "1 0", "0 0"};
-    for (int failing = 1; failing <= 4; ++failing) {
-        forget();
-        head(u"主管"_s).AddNew(twoLines());
-        const qint16 key = keyOf(u"主管"_s);
-        const auto sent = statementsOf([&] { EXPECT_EQ(cSolution::Delete(key), Status::Failed); }, failing);
-        EXPECT_EQ(sent.join(u'\n'),
-                  u"begin transaction\nDelete from TestingSolutionDetail where SolutionID=%1\n"
-                  "Delete from TestingSolution where SolutionID=%1\ncommit transaction"_s.arg(key));
-        commitWhatIsOpen();
-        EXPECT_EQ(counts(), QString::fromLatin1(left[failing - 1])) << failing;
-    }
+    qint16 key = 0;
+    failEachStatement(
+        {u"0 0"_s, u"0 1"_s, u"1 0"_s, u"0 0"_s},
+        [&] {
+            store();
+            key = keyOf(u"old"_s);
+        },
+        [&] { EXPECT_EQ(cSolution::Delete(key), Status::Failed); }, [](const QStringList&) { return counts(); });
 }
 
 TEST_P(SolutionTest, DeleteTakesOneModel) {

@@ -74,6 +74,13 @@ TEST_P(TestingTypeTest, SubtypeIsWrittenWhole) {
               "'2010-01-03','r1','r2','r3','r4','n1','n2','n3','n4','note')"_s);
 }
 
+TEST_P(TestingTypeTest, TextsArriveTrimmedAndNullsEmpty) {
+    cnnPublic.Execute(u"insert into TestingType (TestingType,TypeCode,Author) values (' 甲 乙 ','001',' x ')"_s);
+    cTestingTypes types;
+    const auto type = types.Find(u"1"_s, QString()).Item(1);
+    EXPECT_EQ(type->Name.text() + type->Author + type->Note, u"甲 乙x"_s);
+}
+
 TEST_P(TestingTypeTest, EveryColumnReachesItsMember) {
     full().AddNew(u"child"_s, u"001"_s, u"条理性"_s);
     cTestingTypes types;
@@ -177,7 +184,6 @@ TEST_P(TestingTypeTest, RenamedWordsRunThroughThePapers) {
                 u"insert into Examination (TypeCode,DescScope1,DescScope2,DescScope3,DescScope4) values ('"_s + code +
                 u"','优','良','','中')"_s);
         }
-        const cTestingType before = words(oldWords[0], oldWords[1], oldWords[2], oldWords[3]);
         cnnPublic.Execute(
             u"update TestingType set TestingResult1='%1',TestingResult2='%2',TestingResult3='%3',TestingResult4='%4'"_s
                 .arg(oldWords[0], oldWords[1], oldWords[2], oldWords[3]));
@@ -197,38 +203,35 @@ TEST_P(TestingTypeTest, NullWordCountsAsEmptyInTheCascade) {
 }
 
 TEST_P(TestingTypeTest, UpdateGoesOnPastEachFailingStatement) {
-    constexpr int count = 1;
-    constexpr int reading = 2;
-    constexpr int rowUpdate = 20;
-    constexpr int commit = 21;
-    for (int failing = 1; failing <= commit; ++failing) {
-        cnnPublic.Execute(u"delete from TestingType"_s);
-        cnnPublic.Execute(u"delete from Examination"_s);
-        words(u"优"_s, u"良"_s).AddNew(u"child"_s, u"001"_s, u"旧"_s);
-        cnnPublic.Execute(u"insert into Examination (TypeCode,DescScope1,DescScope2) values ('001001','优','良')"_s);
-        const cTestingType renamed = words(u"A"_s, u"B"_s);
-        const auto sent = statementsOf(
-            [&] {
-                if (failing == count) {
-                    EXPECT_THROW(renamed.Update(u"001001"_s, u"新"_s), DatabaseError);
-                } else {
-                    EXPECT_EQ(renamed.Update(u"001001"_s, u"新"_s), Status::Failed);
-                }
-            },
-            failing);
-        EXPECT_EQ(sent.size(), failing == count ? count : commit) << failing;
-        commitWhatIsOpen();
-        EXPECT_EQ(rowsOf(u"select TestingType from TestingType"_s),
-                  failing == count || failing == rowUpdate ? u"旧"_s : u"新"_s)
-            << failing;
-        // The fourth statement carries word 1 into band 1, the ninth word 2 into band 2; unread old words match
-        // nothing.
-        const bool first = failing != count && failing != reading && failing != 4;
-        const bool second = failing != count && failing != reading && failing != 9;
-        EXPECT_EQ(rowsOf(u"select DescScope1,DescScope2 from Examination"_s),
-                  (first ? u"A|"_s : u"优|"_s) + (second ? u"B"_s : u"良"_s))
-            << failing;
-    }
+    // Statements: guard, old words, begin, the sixteen, row, commit. The first of the sixteen carries word 1 into band
+    // 1, the sixth word 2 into band 2; without the old words none of them finds a band.
+    QStringList left(21, u"新|A|B"_s);
+    left[0] = u"旧|优|良"_s;
+    left[1] = u"新|优|良"_s;
+    left[3] = u"新|优|B"_s;
+    left[8] = u"新|A|良"_s;
+    left[19] = u"旧|A|B"_s;
+    failEachStatement(
+        left,
+        [] {
+            emptyTables({u"TestingType"_s, u"Examination"_s});
+            words(u"优"_s, u"良"_s).AddNew(u"child"_s, u"001"_s, u"旧"_s);
+            cnnPublic.Execute(
+                u"insert into Examination (TypeCode,DescScope1,DescScope2) values ('001001','优','良')"_s);
+        },
+        [] {
+            try {
+                EXPECT_EQ(words(u"A"_s, u"B"_s).Update(u"001001"_s, u"新"_s), Status::Failed);
+            } catch (const DatabaseError& error) {
+                EXPECT_EQ(error.number(), 50000) << "the guard's error alone is not caught inside";
+            }
+        },
+        [](const QStringList&) {
+            return rowsOf(
+                u"select TestingType,DescScope1,DescScope2 from TestingType a,Examination b "
+                "where a.TypeCode=b.TypeCode"_s);
+        });
+    statementsOf([] { EXPECT_THROW(cTestingType().Update(u"001001"_s, u"x"_s), DatabaseError); }, 1);
 }
 
 TEST_P(TestingTypeTest, DeleteLooksForDependants) {
@@ -255,22 +258,23 @@ TEST_P(TestingTypeTest, DeleteLooksForDependants) {
 }
 
 TEST_P(TestingTypeTest, DeleteGoesOnPastEachFailingStatement) {
-    for (int failing = 1; failing <= 5; ++failing) {
-        cnnPublic.Execute(u"delete from TestingType"_s);
-        cnnPublic.Execute(u"delete from TestingTypeCode"_s);
-        addRow(u"001001"_s, u"条理性"_s);
-        cnnPublic.Execute(u"insert into TestingTypeCode (TypeCode) values ('001001')"_s);
-        const auto sent = statementsOf([] { EXPECT_EQ(cTestingType::Delete(u"001001"_s), Status::Failed); }, failing);
-        EXPECT_EQ(sent.join(u'\n'),
-                  u"Select Count(*) from Examination where TypeCode='001001'\n"
-                  "begin transaction\n"
-                  "Delete from TestingTypeCode where TypeCode='001001'\n"
-                  "Delete from TestingType where TypeCode='001001'\n"
-                  "commit transaction"_s);
-        commitWhatIsOpen();
-        EXPECT_EQ(rowsOf(u"select count(*) from TestingTypeCode"_s), failing == 3 ? u"1"_s : u"0"_s) << failing;
-        EXPECT_EQ(rowsOf(u"select count(*) from TestingType"_s), failing == 4 ? u"1"_s : u"0"_s) << failing;
-    }
+    failEachStatement(
+        {u"0 0"_s, u"0 0"_s, u"1 0"_s, u"0 1"_s, u"0 0"_s},
+        [] {
+            emptyTables({u"TestingTypeCode"_s, u"TestingType"_s});
+            addRow(u"001001"_s, u"条理性"_s);
+            cnnPublic.Execute(u"insert into TestingTypeCode (TypeCode) values ('001001')"_s);
+        },
+        [] { EXPECT_EQ(cTestingType::Delete(u"001001"_s), Status::Failed); },
+        [](const QStringList& sent) {
+            EXPECT_EQ(sent.join(u'\n'),
+                      u"Select Count(*) from Examination where TypeCode='001001'\n"
+                      "begin transaction\n"
+                      "Delete from TestingTypeCode where TypeCode='001001'\n"
+                      "Delete from TestingType where TypeCode='001001'\n"
+                      "commit transaction"_s);
+            return rowCounts({u"TestingTypeCode"_s, u"TestingType"_s});
+        });
 }
 
 TEST_P(TestingTypeTest, EleventhMainTypeIsRefused) {
@@ -303,16 +307,6 @@ TEST_P(TestingTypeTest, FindGivesTheKindAskedFor) {
     types.Find(u"all"_s, QString());
     EXPECT_EQ(types.Find(u"detail"_s, u"none"_s).Count(), 0);
     EXPECT_THROW(types.Find(u"detail"_s, u"o'"_s), DatabaseError);
-}
-
-TEST_P(TestingTypeTest, TextsArriveTrimmedAndNullsEmpty) {
-    cnnPublic.Execute(
-        u"insert into TestingType (TestingType,TypeCode,Author,Note) values (' 甲 乙 ','001',' x ','   ')"_s);
-    cTestingTypes types;
-    const auto type = types.Find(u"1"_s, QString()).Item(1);
-    EXPECT_EQ(type->Name.text(), u"甲 乙"_s);
-    EXPECT_EQ(type->Author, u"x"_s);
-    EXPECT_EQ(type->Note + type->Approver, QString());
 }
 
 }  // namespace

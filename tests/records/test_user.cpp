@@ -14,9 +14,10 @@ class UserTest : public DatabaseTest {
         forget();
     }
 
-    static void forget() {
-        cnnPublic.Execute(u"delete from Users"_s);
-        cnnPublic.Execute(u"delete from UserRole"_s);
+    static void forget() { emptyTables({u"Users"_s, u"UserRole"_s}); }
+    static void store() {
+        forget();
+        EXPECT_EQ(add(u"old"_s, {3}), Status::Done);
     }
 
     static cRoles roles(const QList<qint16>& ids) {
@@ -80,57 +81,46 @@ TEST_P(UserTest, NameHeldByJustOneOtherUserIsTaken) {
     EXPECT_EQ(add(u"a"_s), Status::Done);
 }
 
-TEST_P(UserTest, AddNewStopsAtEachFailingStatement) {
-    const char* const left[] = {"0 0", "0 0", "0 0", "1 0", "1 0", "1 1", "1 2"};
-    constexpr int insertion = 3;
-    const auto counts = [] {
-        return rowsOf(u"select count(*) from Users"_s) + u' ' + rowsOf(u"select count(*) from UserRole"_s);
-    };
-    for (int failing = 1; failing <= 7; ++failing) {
-        const auto sent = statementsOf([] { EXPECT_EQ(add(u"张三"_s, {3, 5}), Status::Failed); }, failing);
-        EXPECT_EQ(sent.size(), failing);
-        EXPECT_EQ(counts(), QString::fromLatin1(left[failing - 1])) << failing;
-        if (failing >= insertion) {
-            cnnPublic.RollbackTrans();
-            EXPECT_EQ(counts(), u"0 0"_s) << "the transaction was left open at " << failing;
-        }
-        forget();
-    }
+TEST_P(UserTest, AddNewStopsAtEachFailingStatementAndLeavesTheTransactionOpen) {
+    failEachStatement(
+        {u"0 0"_s, u"0 0"_s, u"0 0"_s, u"1 0"_s, u"1 0"_s, u"1 1"_s, u"1 2"_s}, forget,
+        [] {
+            EXPECT_EQ(add(u"张三"_s, {3, 5}), Status::Failed);
+        },
+        [](const QStringList& sent) {
+            EXPECT_EQ(sent.contains(u"commit transaction"_s), sent.size() == 7);
+            EXPECT_FALSE(sent.contains(u"rollback transaction"_s));
+            return rowCounts({u"Users"_s, u"UserRole"_s});
+        });
 }
 
 TEST_P(UserTest, UpdateGoesOnPastEachFailingStatement) {
-    // Statements: guard, begin, user, links' deletion, two links, commit.
-    const char* const left[] = {"old: 3", "new: 4 6", "old: 4 6", "new: 3 4 6", "new: 6", "new: 4", "new: 4 6"};
-    for (int failing = 1; failing <= 7; ++failing) {
-        forget();
-        add(u"old"_s, {3});
-        const qint16 id = cUsers::GetUserID(u"old"_s);
-        const auto sent = statementsOf(
-            [&] {
-                EXPECT_EQ(cUser::Update(id, u"new"_s, {}, {}, false, roles({4, 6})), Status::Failed);
-            },
-            failing);
-        EXPECT_EQ(sent.size(), failing == 1 ? 1 : 7);
-        commitWhatIsOpen();
-        EXPECT_EQ(rowsOf(u"select UserName from Users"_s) + u": "_s + links(), QString::fromLatin1(left[failing - 1]))
-            << failing;
-    }
+    qint16 id = 0;
+    // Statements: guard, begin, user, links' deletion, two links, commit. An unanswered guard writes nothing.
+    failEachStatement(
+        {u"old: 3"_s, u"new: 4 6"_s, u"old: 4 6"_s, u"new: 3 4 6"_s, u"new: 6"_s, u"new: 4"_s, u"new: 4 6"_s},
+        [&] {
+            store();
+            id = cUsers::GetUserID(u"old"_s);
+        },
+        [&] {
+            EXPECT_EQ(cUser::Update(id, u"new"_s, {}, {}, false, roles({4, 6})), Status::Failed);
+        },
+        [](const QStringList&) { return rowsOf(u"select UserName from Users"_s) + u": "_s + links(); });
 }
 
 TEST_P(UserTest, DeleteGoesOnPastEachFailingStatement) {
-    const char* const left[] = {"|", "|3", "a|", "|"};
-    for (int failing = 1; failing <= 4; ++failing) {
-        forget();
-        add(u"a"_s, {3});
-        const qint16 id = cUsers::GetUserID(u"a"_s);
-        const auto sent = statementsOf([&] { EXPECT_EQ(cUser::Delete(id), Status::Failed); }, failing);
-        EXPECT_EQ(sent.join(u'\n'),
-                  u"begin transaction\nDelete from UserRole where UserID=%1\n"
-                  "Delete from Users where UserID=%1\ncommit transaction"_s.arg(id));
-        commitWhatIsOpen();
-        EXPECT_EQ(rowsOf(u"select UserName from Users"_s) + u'|' + links(), QString::fromLatin1(left[failing - 1]))
-            << failing;
-    }
+    qint16 id = 0;
+    failEachStatement(
+        {u"0 0"_s, u"0 1"_s, u"1 0"_s, u"0 0"_s},
+        [&] {
+            store();
+            id = cUsers::GetUserID(u"old"_s);
+        },
+        [&] { EXPECT_EQ(cUser::Delete(id), Status::Failed); },
+        [](const QStringList&) {
+            return rowCounts({u"Users"_s, u"UserRole"_s});
+        });
 }
 
 TEST_P(UserTest, LoginAsksForNamePasswordAndAnOpenLock) {

@@ -44,7 +44,7 @@ void openServerDatabase() {
         return;
     }
     for (const TableColumns& table : schemaTables()) {
-        cnnPublic.Execute(u"delete from "_s + table.table);
+        emptyTables({table.table});
     }
     installCatalogue(cnnPublic, u"admin"_s);
 }
@@ -103,6 +103,20 @@ QString rowsOf(const QString& statement) {
 void commitWhatIsOpen() {
     cnnPublic.BeginTrans();
     cnnPublic.CommitTrans();
+}
+
+QString rowCounts(const QStringList& tables) {
+    QStringList counts;
+    for (const QString& table : tables) {
+        counts += rowsOf(u"select count(*) from "_s + table);
+    }
+    return counts.join(u' ');
+}
+
+void emptyTables(const QStringList& tables) {
+    for (const QString& table : tables) {
+        cnnPublic.Execute(u"delete from "_s + table);
+    }
 }
 
 }  // namespace talvora::test

@@ -42,6 +42,9 @@ class DatabaseTest : public ::testing::TestWithParam<Engine> {
 /// What a query gives, as text: cells parted by "|", rows by line breaks, NULL as "null".
 QString rowsOf(const QString& statement);
 
+/// Ends a transaction that a failed operation may have left open by storing what it did.
+void commitWhatIsOpen();
+
 /// Runs `work` with the `failing`-th of its statements refused (counted from 1; none for 0), and gives the statements
 /// that it sent, those that open and close transactions among them.
 template <class Work>
@@ -59,7 +62,21 @@ QStringList statementsOf(Work&& work, qsizetype failing = 0) {
     return sent;
 }
 
-/// Ends a transaction that a failed operation may have left open by storing what it did.
-void commitWhatIsOpen();
+/// Refuses each statement of `work` in turn, as many as there are lines in `expected`, each time after `prepare`, and
+/// compares what `left` gives of the statements sent and the tables as they then are. A transaction that was left open
+/// is committed before, as the program's next one would do it.
+template <class Prepare, class Work, class Left>
+void failEachStatement(const QStringList& expected, Prepare&& prepare, Work&& work, Left&& left) {
+    for (qsizetype failing = 1; failing <= expected.size(); ++failing) {
+        prepare();
+        const QStringList sent = statementsOf(work, failing);
+        commitWhatIsOpen();
+        EXPECT_EQ(left(sent), expected[failing - 1]) << "statement " << failing;
+    }
+}
+
+/// How many rows the tables hold, "2 0" for instance.
+QString rowCounts(const QStringList& tables);
+void emptyTables(const QStringList& tables);
 
 }  // namespace talvora::test
