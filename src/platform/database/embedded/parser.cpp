@@ -115,11 +115,17 @@ QString Parser::tableName() {
 }
 
 QString Parser::optionalAlias() {
-    if (acceptWord("as"_L1)) {
-        return peek().kind == TokenKind::Text ? tokens_.literals[static_cast<std::size_t>(structuralNumber())].content()
-                                              : name();
+    return acceptWord("as"_L1) || atName() ? name() : QString();
+}
+
+QString Parser::columnAlias() {
+    // The name of a result's column may stand as a text, too.
+    const bool asText = peek(isWord("as"_L1) ? 1 : 0).kind == TokenKind::Text;
+    if (!asText) {
+        return optionalAlias();
     }
-    return atName() ? name() : QString();
+    acceptWord("as"_L1);
+    return tokens_.literals[static_cast<std::size_t>(structuralNumber())].content();
 }
 
 int Parser::structuralNumber() {
@@ -237,7 +243,7 @@ SelectItem Parser::selectItem() {
         return item;
     }
     item.value = expression();
-    item.alias = optionalAlias();
+    item.alias = columnAlias();
     return item;
 }
 

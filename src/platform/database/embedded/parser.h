@@ -34,6 +34,7 @@ class Parser {
     QString name();
     QString tableName();
     QString optionalAlias();
+    QString columnAlias();
     int structuralNumber();
     SqlType dataType(int unsizedLength);
 
