@@ -51,4 +51,15 @@ function(talvora_prove_layers)
             message(FATAL_ERROR "${record} is not a window and must not know one: ${includes}")
         endif()
     endforeach()
+
+    # Whatever asks the user goes through toolkit/prompts.h, where a test can answer it.
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*.h ${PROJECT_SOURCE_DIR}/src/*.cpp
+         ${PROJECT_SOURCE_DIR}/setup/*.h ${PROJECT_SOURCE_DIR}/setup/*.cpp)
+    list(FILTER sources EXCLUDE REGEX "/src/toolkit/prompts\\.cpp$")
+    foreach(source IN LISTS sources)
+        file(STRINGS ${source} boxes REGEX "Q(MessageBox|InputDialog|FileDialog)")
+        if(boxes)
+            message(FATAL_ERROR "${source} must ask through toolkit/prompts.h: ${boxes}")
+        endif()
+    endforeach()
 endfunction()
