@@ -55,9 +55,9 @@ class EmbeddedDriver : public Driver {
 
  private:
     Translation translate(std::vector<Plan::Structural>& structural);
-    Plan& prepared();
+    Plan prepare(Translation translation, std::vector<Plan::Structural> structural);
     void define(const Translation& translation);
-    void bind(const Plan& plan);
+    SqliteStatement& statementOf(Plan& plan);
     Recordset run(Plan& plan);
     void forgetTables();
     void endTransaction(const char* sql, int missingError, QLatin1StringView word);
@@ -85,9 +85,7 @@ Recordset EmbeddedDriver::execute(const QString& statement) {
             define(translation);
             return {};
         }
-        Plan plan{std::move(translation.parameters), std::move(translation.columns),
-                  SqliteStatement(file_.handle(), translation.statement), std::move(structural)};
-        return run(cache_.add(tokens_, std::move(plan)));
+        return run(cache_.add(tokens_, prepare(std::move(translation), std::move(structural))));
     } catch (const DatabaseError&) {
         if (tablesChanged_ && sqlite3_get_autocommit(file_.handle()) != 0) {
             forgetTables();
@@ -135,20 +133,44 @@ void EmbeddedDriver::define(const Translation& translation) {
     catalog_.clear();
 }
 
+Plan EmbeddedDriver::prepare(Translation translation, std::vector<Plan::Structural> structural) {
+    Plan plan;
+    plan.prepared = SqliteStatement(file_.handle(), translation.statement);
+    if (!translation.forFewRows.probe.isEmpty()) {
+        plan.probe = SqliteStatement(file_.handle(), translation.forFewRows.probe);
+        plan.preparedForFew = SqliteStatement(file_.handle(), translation.forFewRows.statement);
+    }
+    plan.parameters = std::move(translation.parameters);
+    plan.columns = std::move(translation.columns);
+    plan.structural = std::move(structural);
+    return plan;
+}
+
+SqliteStatement& EmbeddedDriver::statementOf(Plan& plan) {
+    if (!plan.probe.handle()) {
+        return plan.prepared;
+    }
+    bindParameters(plan.probe.handle(), plan.parameters, tokens_.literals);
+    const bool many = plan.probe.step();
+    plan.probe.reset();
+    return many ? plan.prepared : plan.preparedForFew;
+}
+
 Recordset EmbeddedDriver::run(Plan& plan) {
-    bindParameters(plan.prepared.handle(), plan.parameters, tokens_.literals);
+    SqliteStatement& prepared = statementOf(plan);
+    sqlite3_stmt* statement = prepared.handle();
+    bindParameters(statement, plan.parameters, tokens_.literals);
     Recordset rows;
     for (const QString& name : plan.columns) {
         rows.addColumn(name);
     }
-    sqlite3_stmt* statement = plan.prepared.handle();
     const int columns = static_cast<int>(plan.columns.size());
-    while (plan.prepared.step()) {
+    while (prepared.step()) {
         for (int i = 0; i < columns; ++i) {
             addCell(rows, statement, i);
         }
     }
-    plan.prepared.reset();
+    prepared.reset();
     return rows;
 }
 

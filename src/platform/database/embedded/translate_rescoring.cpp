@@ -88,6 +88,7 @@ bool Translator::rescore(const Update& update, const CatalogTable& table) {
         rescoring.value->hasElse ? assigned(value(*args.back(), rescoring.scope), *rescoring.score) : u"NULL"_s;
     addArms(arms, from, answer + u" IN ("_s + otherAnswers(update, rescoring) + u')', score, otherwise);
     addArms(arms, from, answer + u" IS NULL"_s, score, otherwise);
+    rescoreFew(update, rescoring);
     out_.statement = (u"UPDATE "_s + target + u" AS "_s + target + u" SET "_s + quoted(rescoring.score->name) +
                       u" = \"changed\".\"score\" FROM ("_s + arms.join(u" UNION ALL "_s) +
                       u") AS \"changed\" WHERE "_s + target + u".rowid = \"changed\".\"row\""_s)
@@ -176,6 +177,30 @@ QString Translator::otherAnswers(const Update& update, const Rescoring& rescorin
            u" > \"answers\".\"answer\") FROM \"answers\" WHERE \"answers\".\"answer\" IS NOT NULL) "
            "SELECT \"answer\" FROM \"answers\" WHERE \"answer\""_s +
            collate + u" NOT IN ("_s + named.join(u", "_s) + u')';
+}
+
+void Translator::rescoreFew(const Update& update, const Rescoring& rescoring) {
+    constexpr int few = 1000;
+    QStringList own;
+    for (const Expression* part : conjuncts(*update.where)) {
+        const bool onlyOwn = std::all_of(part->args.begin(), part->args.end(), [&](const auto& side) {
+            return side->form == Form::Literal || ownColumn(*side, rescoring);
+        });
+        if (onlyOwn) {
+            own += condition(*part, rescoring.scope);
+        }
+    }
+    if (own.isEmpty()) {
+        return;
+    }
+    const QString table = quoted(rescoring.table.name);
+    out_.forFewRows.probe =
+        u"SELECT 1 FROM %1 AS %1 WHERE %2 LIMIT 1 OFFSET %3"_s.arg(table, own.join(u" AND "_s), QString::number(few))
+            .toUtf8();
+    updateJoined(update, rescoring.table, update.from.size());
+    const QString changed = u" AND "_s + table + u'.' + quoted(rescoring.score->name) + u" IS NOT "_s +
+                            assigned(value(*rescoring.value, rescoring.scope), *rescoring.score);
+    out_.forFewRows.statement = out_.statement + changed.toUtf8();
 }
 
 void Translator::addArms(QStringList& arms, const QString& from, const QString& rows, const QString& column,

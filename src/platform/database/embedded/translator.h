@@ -26,10 +26,17 @@ struct Parameter {
     bool operator==(const Parameter&) const = default;
 };
 
+/// A second way to do what a statement does, cheaper while there are few rows. `probe` gives a row when there are many.
+struct ForFewRows {
+    QByteArray probe;
+    QByteArray statement;
+};
+
 /// A T-SQL statement in SQLite's SQL.
 struct Translation {
     std::vector<QByteArray> definitions;  ///< run first, all or none; what they make or drop changes the catalogue
     QByteArray statement;                 ///< empty for a mere definition
+    ForFewRows forFewRows;                ///< empty for most statements; has the same parameters
     std::vector<Parameter> parameters;
     std::vector<QString> columns;  ///< of the rows it gives; empty when it gives none
     std::vector<int> structural;   ///< literals whose very values the translation rests on
@@ -128,6 +135,7 @@ class Translator {
     bool bindsByIndex(const Update& update, const Rescoring& rescoring) const;
     bool hasDistinctConstants(const Rescoring& rescoring) const;
     QString otherAnswers(const Update& update, const Rescoring& rescoring);
+    void rescoreFew(const Update& update, const Rescoring& rescoring);
     void addArms(QStringList& arms, const QString& from, const QString& rows, const QString& column,
                  const QString& newValue) const;
     void remove(const Delete& remove);
