@@ -99,10 +99,11 @@ class Checker {
 
     void modules() {
         demandRows(u"模块目录"_s, u"select TableName from Modules where len(ModuleCode)=6"_s, model());
-        add(countOf(connection_,
-                    u"select count(*) from Modules a,Modules b where len(a.ModuleCode)=6 and len(b.ModuleCode)=3 "
-                    "and left(a.ModuleCode,3)=b.ModuleCode"_s) >= 6,
-            u"模块目录：每个模块都在一个分组之下"_s);
+        const auto astray = countOf(connection_,
+                                    u"select count(*) from Modules where len(ModuleCode)=6 and left(ModuleCode,3) "
+                                    "not in (select ModuleCode from Modules where len(ModuleCode)=3)"_s);
+        add(astray == 0,
+            u"模块目录：%1"_s.arg(astray == 0 ? u"每个模块都在一个分组之下"_s : u"有模块不在任何分组之下"_s));
     }
 
     void functions() {
@@ -154,6 +155,15 @@ class Checker {
 
 std::vector<CheckItem> checkDatabase(Connection& connection) {
     return Checker(connection).items();
+}
+
+QString checkText(const std::vector<CheckItem>& items) {
+    QStringList lines;
+    for (const auto& item : items) {
+        lines.append((item.isGood ? u"通过  "_s : u"问题  "_s) + item.text);
+    }
+    lines.append(isComplete(items) ? u"数据库完整。"_s : u"数据库不完整，请处理列为“问题”的各项。"_s);
+    return lines.join(u'\n');
 }
 
 bool isComplete(const std::vector<CheckItem>& items) {

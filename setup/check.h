@@ -19,6 +19,9 @@ struct CheckItem {
 /// a finding.
 std::vector<CheckItem> checkDatabase(Connection& connection);
 
+/// The findings as lines for the user, with the verdict at the end.
+QString checkText(const std::vector<CheckItem>& items);
+
 /// Whether every finding is good.
 bool isComplete(const std::vector<CheckItem>& items);
 

@@ -9,7 +9,6 @@
 #include "setup/session.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTextStream>
 
 #include <array>
@@ -102,38 +101,25 @@ ExitCode installVerb(const Arguments&) {
     return ExitCode::Done;
 }
 
-ExitCode importVerb(const Arguments& arguments) {
-    const auto name = arguments.words.first();
-    QFile file(name);
-    if (!file.open(QIODevice::ReadOnly)) {
-        complain(u"文件［%1］不能读取：%2"_s.arg(name, file.errorString()));
-        return ExitCode::Failed;
-    }
-    openSession(savedConnection());
-    const auto outcome = importPapers(file.readAll());
-    if (!outcome.faults.empty()) {
-        complain(u"文件［%1］有 %2 处错误，没有导入任何内容："_s.arg(name, QString::number(outcome.faults.size())));
-        complain(faultLines(outcome.faults).join(u'\n'));
-        return ExitCode::Failed;
-    }
-    say(outcomeText(outcome));
-    return ExitCode::Done;
-}
-
 ExitCode sampleVerb(const Arguments&) {
     openSession(savedConnection());
     installSample();
-    say(u"示例题库已装入。"_s);
+    say(u"示例已装入。"_s);
     return ExitCode::Done;
+}
+
+ExitCode importVerb(const Arguments& arguments) {
+    openSession(savedConnection());
+    const auto outcome = importFile(arguments.words.first());
+    const bool isDone = outcome.faults.empty();
+    (isDone ? say : complain)(outcomeText(outcome, arguments.words.first()));
+    return isDone ? ExitCode::Done : ExitCode::Failed;
 }
 
 ExitCode checkVerb(const Arguments&) {
     openSession(savedConnection());
     const auto items = checkDatabase(cnnPublic);
-    for (const auto& item : items) {
-        say((item.isGood ? u"  通过  "_s : u"※问题  "_s) + item.text);
-    }
-    say(isComplete(items) ? u"数据库完整。"_s : u"数据库不完整，请按上面的提示处理。"_s);
+    say(checkText(items));
     return isComplete(items) ? ExitCode::Done : ExitCode::Failed;
 }
 
@@ -169,6 +155,7 @@ const std::vector<Verb>& verbs() {
     static const std::vector<Verb> all{
         {u"connect"_s, {u"server"_s, u"database"_s, u"login"_s, u"embedded"_s}, 0, connectVerb},
         {u"install"_s, {}, 0, installVerb},
+        {u"sample"_s, {}, 0, sampleVerb},
         {u"sample"_s, {}, 0, sampleVerb},
         {u"import"_s, {}, 1, importVerb},
         {u"check"_s, {}, 0, checkVerb},

@@ -1,5 +1,6 @@
 #include "setup/install.h"
 
+#include "core/resume_next.h"
 #include "platform/runtime_error.h"
 #include "setup/tables.h"
 
@@ -95,7 +96,8 @@ void install(Connection& connection, const QString& adminPassword, const Progres
         installCatalogue(connection, adminPassword, progress);
         connection.CommitTrans();
     } catch (const RuntimeError&) {
-        connection.RollbackTrans();
+        ResumeNext rollback;
+        rollback([&] { connection.RollbackTrans(); });
         throw;
     }
 }

@@ -8,6 +8,8 @@
 #include "testbank/cexamination.h"
 #include "testbank/ctestingtype.h"
 
+#include <QFile>
+
 #include <ranges>
 
 namespace talvora {
@@ -192,7 +194,20 @@ ImportOutcome importPapers(const QByteArray& content, const Progress& progress) 
     return outcome;
 }
 
-QString outcomeText(const ImportOutcome& outcome) {
+ImportOutcome importFile(const QString& path, const Progress& progress) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw RuntimeError(errors::FileNotFound, u"文件［%1］不能读取：%2"_s.arg(path, file.errorString()));
+    }
+    return importPapers(file.readAll(), progress);
+}
+
+QString outcomeText(const ImportOutcome& outcome, const QString& fileName) {
+    if (!outcome.faults.empty()) {
+        const auto head =
+            u"文件［%1］有 %2 处错误，没有导入任何内容："_s.arg(fileName, QString::number(outcome.faults.size()));
+        return head + u'\n' + faultLines(outcome.faults).join(u'\n');
+    }
     QStringList lines{u"导入完成：新增测评主类 %1 个、测评子类 %2 个、试卷 %3 份、试题 %4 道。"_s.arg(outcome.mainTypes)
                           .arg(outcome.subtypes)
                           .arg(outcome.papers)

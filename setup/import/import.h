@@ -21,7 +21,10 @@ struct ImportOutcome {
 /// the database fail half way, all that was written is taken out again and a RuntimeError tells so.
 ImportOutcome importPapers(const QByteArray& content, const Progress& progress = {});
 
-/// What an import made, and its notes, as text for the user.
-QString outcomeText(const ImportOutcome& outcome);
+/// The same from a file. Throws RuntimeError 53 when it cannot be read.
+ImportOutcome importFile(const QString& path, const Progress& progress = {});
+
+/// What an import made, and its notes, or its faults, as text for the user.
+QString outcomeText(const ImportOutcome& outcome, const QString& fileName);
 
 }  // namespace talvora

@@ -46,7 +46,8 @@ TEST_F(Import, WritesTypesPapersAndQuestions) {
     sheet.set({1, u"编制人员"_s, u"王敏"_s});
     sheet.set({1, u"编制日期"_s, u"2024/3/5"_s});
     const auto outcome = import(sheet);
-    EXPECT_EQ(outcomeText(outcome), u"导入完成：新增测评主类 1 个、测评子类 1 个、试卷 1 份、试题 3 道。"_s);
+    EXPECT_EQ(outcomeText(outcome, u"x.csv"_s),
+              u"导入完成：新增测评主类 1 个、测评子类 1 个、试卷 1 份、试题 3 道。"_s);
     EXPECT_EQ(rowsOf(u"select TypeCode,TestingType,Author,WriteDate,TestingResult1,TestingResult3,TestingResult4,"
                      "TestingNote1,Note from TestingType order by TypeCode"_s),
               u"001|职业素养|null|null|null|null|null|null|null\n"
