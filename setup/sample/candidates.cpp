@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <vector>
 
 namespace talvora {
 
@@ -12,8 +13,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int youngest = 21;
 constexpr int oldest = 49;
+
+/// How old one is at least with an education, and where in the list of salaries its wishes begin.
+struct Education {
+    QString name;
+    int youngest;
+    int firstSalary;
+};
 
 QString nameOf(SampleChance& chance, bool man) {
     static const QStringList families =
@@ -27,13 +34,14 @@ QString nameOf(SampleChance& chance, bool man) {
     return chance.pick(families) + chance.pick(man ? men : women);
 }
 
-/// The check character is X for one person in eleven. Self-service refuses those numbers, so the sample has none.
+/// The check character is X for one person in eleven. Self-service refuses those numbers, so the sample has none: it
+/// takes the next order number of the sex, and draws no second time, so that what is drawn after it stays the same.
 QString identityNumberOf(SampleChance& chance, const QDate& birth, bool man) {
     static const QStringList areas =
         u"110105 310104 320106 330106 370202 420106 440305 510107 610113 210102"_s.split(u' ');
+    constexpr int ordersOfSex = 400;
     const QString area = chance.pick(areas);
-    for (;;) {
-        const int order = chance.below(499) * 2 + (man ? 1 : 2);
+    for (int order = chance.below(ordersOfSex) * 2 + (man ? 1 : 2);; order += 2) {
         const QString first17 = area + birth.toString(u"yyyyMMdd"_s) + u"%1"_s.arg(order, 3, 10, QChar(u'0'));
         const QString check = ChecksumChar(first17);
         if (check != "X"_L1) {
@@ -59,20 +67,27 @@ double SampleChance::around(double centre, double spread) {
 }
 
 cTesting sampleCandidate(SampleChance& chance, const QDate& day) {
-    static const QStringList educations = u"硕士 本科 本科 本科 专科 专科 高中 博士"_s.split(u' ');
+    static const Education master{u"硕士"_s, 25, 2};
+    static const Education bachelor{u"本科"_s, 22, 1};
+    static const Education college{u"专科"_s, 21, 0};
+    static const std::vector<Education> educations{bachelor,          bachelor, bachelor, bachelor, college,
+                                                   college,           college,  master,   master,   {u"高中"_s, 20, 0},
+                                                   {u"博士"_s, 28, 3}};
     static const QStringList salaries =
         u"2000~4000 4000~6000 6000~8000 8000~10000 10000~12000 12000~14000 14000~16000"_s.split(u' ');
     constexpr int daysOfYear = 365;
+    constexpr int salaryWishes = 4;
+    const auto education = chance.pick(educations);
     const bool man = chance.below(2) == 0;
-    const int age = youngest + chance.below(oldest - youngest);
+    const int age = education.youngest + chance.below(oldest - education.youngest);
     const QDate birth = day.addYears(-age).addDays(-chance.below(daysOfYear));
     cTesting candidate;
     candidate.Name = nameOf(chance, man);
     candidate.Sex = man ? u"男"_s : u"女"_s;
     candidate.Age = static_cast<qint16>(age);
     candidate.IDNumber = identityNumberOf(chance, birth, man);
-    candidate.Education = chance.pick(educations);
-    candidate.Salary = chance.pick(salaries);
+    candidate.Education = education.name;
+    candidate.Salary = salaries[education.firstSalary + chance.below(salaryWishes)];
     return candidate;
 }
 

@@ -8,7 +8,8 @@
 
 namespace talvora {
 
-/// A reproducible source of choices for the sample: the same candidates and answers at every installation.
+/// A reproducible source of choices for the sample: the same names, answers and verdicts at every installation, only
+/// the dates count from its day.
 class SampleChance {
  public:
     /// A whole number from 0 to `count` - 1.

@@ -15,11 +15,15 @@ namespace {
 
 constexpr int fileExists = 58;
 constexpr int testCount = 200;
+// What is there besides the catalogue rows.
+const auto ownRoles = u"Roles where RoleName<>N'系统管理员'"_s;
+const auto ownUsers = u"Users where UserName<>'admin'"_s;
 
 void requireEmptyBank() {
-    for (const auto& table : {u"TestingType"_s, u"Position"_s, u"TestingSolution"_s, u"TestingResult"_s}) {
-        if (cnnPublic.Execute(u"select count(*) from "_s + table).first().number32(0) > 0) {
-            throw RuntimeError(fileExists, u"数据库中已有测评数据，不能再装入示例题库！"_s);
+    for (const auto& rows : {u"TestingType"_s, u"Examination"_s, u"Position"_s, u"TestingSolution"_s,
+                             u"TestingResult"_s, ownRoles, ownUsers}) {
+        if (cnnPublic.Execute(u"select count(*) from "_s + rows).first().number32(0) > 0) {
+            throw RuntimeError(fileExists, u"数据库中已有测评数据、职位、角色或用户，不能再装入示例题库！"_s);
         }
     }
 }
@@ -31,18 +35,23 @@ void importSamplePapers(const QString& name) {
     }
 }
 
+/// Beginning a transaction stores what a failed step left open; the deletions then must not stay open themselves, or
+/// an end by the failure would undo them.
 void clearSample() {
     ResumeNext steps;
+    steps([] { cnnPublic.BeginTrans(); });
     for (const auto& table :
          {u"TestingResultDetail"_s, u"TestingResult"_s, u"TestingSolutionDetail"_s, u"TestingSolution"_s,
           u"ExaminationQuestion"_s, u"Examination"_s, u"TestingType"_s, u"Position"_s}) {
         steps([&] { cnnPublic.Execute(u"delete from "_s + table); });
     }
-    const QString own = u"(select RoleID from Roles where RoleName<>N'系统管理员')"_s;
-    steps([&] { cnnPublic.Execute(u"delete from UserRole where RoleID in "_s + own); });
-    steps([&] { cnnPublic.Execute(u"delete from RoleRight where RoleID in "_s + own); });
-    steps([] { cnnPublic.Execute(u"delete from Roles where RoleName<>N'系统管理员'"_s); });
-    steps([] { cnnPublic.Execute(u"delete from Users where UserName<>'admin'"_s); });
+    const QString ofOwnRoles = u" where RoleID in (select RoleID from "_s + ownRoles + u')';
+    for (const auto& rows : {u"UserRole"_s + ofOwnRoles, u"RoleRight"_s + ofOwnRoles, ownRoles, ownUsers}) {
+        steps([&] { cnnPublic.Execute(u"delete from "_s + rows); });
+    }
+    steps([] { cnnPublic.CommitTrans(); });
+    // There only when the storing of a model test was cut short.
+    steps([] { cnnPublic.Execute(u"drop table #TypecodeScore"_s); });
 }
 
 }  // namespace

@@ -26,7 +26,9 @@ QHash<QString, QString> typeCodes() {
 }
 
 cSolution headOf(const QStringList& cells) {
-    const QString today = momentText(presentMoment()).left(10);
+    // Older than the oldest of the sample's tests.
+    constexpr int monthsAgo = 7;
+    const QString day = presentMoment().date().addMonths(-monthsAgo).toString(Qt::ISODate);
     cSolution head;
     head.SolutionName = cells[Model];
     head.PostName = cells[Post];
@@ -34,9 +36,9 @@ cSolution headOf(const QStringList& cells) {
     head.Author = u"周雅琴"_s;
     head.Auditing = u"方志远"_s;
     head.Approver = u"顾明"_s;
-    head.WriteDate = today;
-    head.AuditingDate = today;
-    head.ApproverDate = today;
+    head.WriteDate = day;
+    head.AuditingDate = day;
+    head.ApproverDate = day;
     head.Note = u"示例模型"_s;
     return head;
 }

@@ -25,6 +25,9 @@ constexpr std::array<QString cTestingDetail::*, 5> detailAnswers{&cTestingDetail
                                                                  &cTestingDetail::Answer3, &cTestingDetail::Answer4,
                                                                  &cTestingDetail::Answer5};
 
+/// The first level of the positions is departments, which nobody applies for.
+constexpr int departmentDigits = 3;
+
 /// What the tests are drawn from, read once.
 struct Bank {
     std::vector<std::shared_ptr<cTestingType>> subtypes;
@@ -53,8 +56,11 @@ Bank readBank() {
     models.Find(0);
     bank.models.assign(models.begin(), models.end());
     cPositions positions;
-    positions.Find({});
-    bank.positions.assign(positions.begin(), positions.end());
+    for (const auto& position : positions.Find({})) {
+        if (position->PostCode.size() > departmentDigits) {
+            bank.positions.push_back(position);
+        }
+    }
     return bank;
 }
 
@@ -89,8 +95,8 @@ class SampleTest {
  public:
     SampleTest(SampleChance& chance, const Bank& bank, cTesting head)
         : chance_(chance), bank_(bank), head_(std::move(head)) {
-        constexpr double usualAbility = 0.68;
-        constexpr double spread = 0.6;
+        constexpr double usualAbility = 0.66;
+        constexpr double spread = 0.42;
         ability_ = chance_.around(usualAbility, spread);
     }
 
@@ -176,10 +182,12 @@ void addPaperTest(SampleChance& chance, const Bank& bank, cTesting candidate) {
 std::vector<QDateTime> testingMoments(SampleChance& chance, int count) {
     constexpr int days = 180;
     constexpr int secondsOfWork = 8 * 3600;
+    constexpr int friday = 5;
     const QTime morning(9, 0);
     std::vector<QDateTime> moments;
     for (int i = 0; i < count; ++i) {
-        const QDate day = presentMoment().date().addDays(-1 - chance.below(days));
+        const QDate drawn = presentMoment().date().addDays(-1 - chance.below(days));
+        const QDate day = drawn.addDays(std::min(0, friday - drawn.dayOfWeek()));
         moments.push_back(QDateTime(day, morning).addSecs(chance.below(secondsOfWork)));
     }
     std::sort(moments.begin(), moments.end());
