@@ -74,19 +74,20 @@ void bindParameters(sqlite3_stmt* statement, const std::vector<Parameter>& param
 }
 
 void addCell(Recordset& rows, sqlite3_stmt* statement, int column) {
-    switch (sqlite3_column_type(statement, column)) {
+    sqlite3_value* value = sqlite3_column_value(statement, column);
+    switch (sqlite3_value_type(value)) {
         case SQLITE_INTEGER:
-            rows.addWhole(sqlite3_column_int64(statement, column));
+            rows.addWhole(sqlite3_value_int64(value));
             break;
         case SQLITE_FLOAT:
-            rows.addReal(sqlite3_column_double(statement, column));
+            rows.addReal(sqlite3_value_double(value));
             break;
         case SQLITE_NULL:
             rows.addNull();
             break;
         default: {
-            const auto* text = static_cast<const char16_t*>(sqlite3_column_text16(statement, column));
-            rows.addText(text, sqlite3_column_bytes16(statement, column) / static_cast<int>(sizeof(char16_t)));
+            const auto* text = static_cast<const char16_t*>(sqlite3_value_text16(value));
+            rows.addText(text, sqlite3_value_bytes16(value) / static_cast<int>(sizeof(char16_t)));
         }
     }
 }

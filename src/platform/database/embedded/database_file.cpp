@@ -51,7 +51,9 @@ DatabaseFile::~DatabaseFile() {
 }
 
 void DatabaseFile::open(const QString& path, int flags) {
-    const int code = sqlite3_open_v2(path.toUtf8().constData(), &database_, flags | SQLITE_OPEN_READWRITE, nullptr);
+    // A session belongs to one thread, so that SQLite need not guard each of its calls.
+    const int all = flags | SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+    const int code = sqlite3_open_v2(path.toUtf8().constData(), &database_, all, nullptr);
     if (code != SQLITE_OK) {
         throw serverError(server_error::CannotOpenDatabase, u"Cannot open database \"%1\"."_s.arg(path));
     }
