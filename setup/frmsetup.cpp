@@ -39,11 +39,11 @@ void frmSetup::Form_Load() {
         work([this] { showConnection(savedConnection()); });
     }
     optKind_Click();
+    (ui->optServer->isChecked() ? ui->optServer : ui->optEmbedded)->setFocus();
 }
 
 void frmSetup::optKind_Click() {
-    ui->FraServer->setVisible(ui->optServer->isChecked());
-    ui->FraEmbedded->setVisible(!ui->optServer->isChecked());
+    ui->stkConnection->setCurrentIndex(ui->optServer->isChecked() ? 0 : 1);
 }
 
 void frmSetup::cmdBrowse_Click() {
