@@ -116,6 +116,12 @@ TEST(Embedded, QueriesBeyondTheSystemsOwn) {
         {u"select x as k from a union all select x from b order by k desc"_s, u"4\n3\n2\n1\n1\n1"_s},
         {u"select x from a union select x from b order by x"_s, u"1\n2\n3\n4"_s},
         {u"select x, count(*) from b group by x having count(*)>1"_s, u"1|2"_s},
+        {u"select x, z, count(*) from b group by x"_s, u"error 8120"_s},
+        {u"select x+count(*) from b"_s, u"error 8120"_s},
+        {u"select x from b having z>1"_s, u"error 8120"_s},
+        {u"select left(y,1)+'!' from a where x=1 group by LEFT(Y,1)"_s, u"p!"_s},
+        {u"select left(y,1)+'!' from a where x=1 group by LEFT(Y,2)"_s, u"error 8120"_s},
+        {u"select 1+1, max(x) from a"_s, u"2|3"_s},
         {u"select avg(x), avg(z), min(y), sum(x) from a, b where a.x=b.x"_s, u"error 209"_s},
         {u"select avg(a.x), avg(z), min(y), sum(a.x) from a, b where a.x=b.x"_s, u"1|2|p|2"_s},
         {u"select avg(x) from (select x from a union all select 4) q"_s, u"2"_s},
@@ -237,8 +243,7 @@ TEST(Embedded, AStatementThatTakesTooLongEnds) {
     bank.session.Open();
     bank.session.Execute(u"create table t (n int)"_s);
     bank.session.Execute(u"insert into t values (1),(2),(3),(4),(5),(6),(7),(8),(9),(10),(11),(12)"_s);
-    EXPECT_EQ(bank.errorOf(u"select count(*) from t a,t b,t c,t d,t e,t f,t g,t h,t i where a.n+i.n>999"_s),
-              -2);
+    EXPECT_EQ(bank.errorOf(u"select count(*) from t a,t b,t c,t d,t e,t f,t g,t h,t i where a.n+i.n>999"_s), -2);
     EXPECT_EQ(bank.run(u"select count(*) from t"_s), u"12"_s);
     // A writing statement that is cut off ends its transaction: what follows stands alone, and so the commit fails.
     bank.session.BeginTrans();

@@ -38,15 +38,16 @@ void requireArguments(const Expression& e, std::size_t least, std::size_t most) 
     }
 }
 
-bool isAggregate(const QString& name) {
-    static const std::array names = {"count"_L1, "sum"_L1, "avg"_L1, "min"_L1, "max"_L1};
-    return std::any_of(names.begin(), names.end(), [&](QLatin1StringView known) { return name == known; });
-}
-
 }  // namespace
 
+bool isAggregate(const Expression& e) {
+    static const std::array names = {"count"_L1, "sum"_L1, "avg"_L1, "min"_L1, "max"_L1};
+    return e.form == Form::Call &&
+           std::any_of(names.begin(), names.end(), [&](QLatin1StringView known) { return e.name == known; });
+}
+
 Translator::Piece Translator::call(const Expression& e, const Scope& scope) {
-    if (isAggregate(e.name)) {
+    if (isAggregate(e)) {
         return aggregate(e, scope);
     }
     if (e.name == "isnull"_L1 || e.name == "coalesce"_L1 || e.name == "nullif"_L1) {

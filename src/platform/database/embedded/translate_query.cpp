@@ -75,6 +75,7 @@ Translator::Rows Translator::select(const Select& select, const Scope* outer, co
     scope.outer = outer;
     const QString from = sources(select.from, scope);
     Rows rows = items(select, scope);
+    checkGrouping(select, scope);
     rows.sql = (select.distinct ? u"SELECT DISTINCT "_s : u"SELECT "_s) + rows.sql + from;
     if (select.where) {
         rows.sql += u" WHERE "_s + condition(*select.where, scope);

@@ -12,6 +12,8 @@ namespace talvora::embedded {
 
 /// `name` as SQLite takes it, whatever characters it holds.
 QString quoted(const QString& name);
+/// Whether this is a call of count, sum, avg, min or max.
+bool isAggregate(const Expression& e);
 /// How a column stands in a create table.
 QString columnSql(const QString& name, const SqlType& type);
 
@@ -107,11 +109,14 @@ class Translator {
     QString like(const Expression& e, const Scope& scope);
     QString between(const Expression& e, const Scope& scope);
 
-    // queries (translate_query.cpp)
+    // queries (translate_query.cpp, translate_grouping.cpp)
     Rows query(const Query& query, const Scope* outer);
     Rows select(const Select& select, const Scope* outer, const std::vector<OrderItem>& order);
     Rows items(const Select& select, const Scope& scope);
     void star(const SelectItem& item, const Scope& scope, Rows& rows, QStringList& sql) const;
+    void checkGrouping(const Select& select, const Scope& scope);
+    void checkGrouped(const Expression& e, const Select& select, const Scope& scope);
+    bool sameValue(const Expression& a, const Expression& b, const Scope& scope);
     QString ordering(const Select& select, const Scope& scope, const std::vector<OrderItem>& order);
     QString compoundOrdering(const Rows& rows, const std::vector<OrderItem>& order) const;
     QString sources(const std::vector<Join>& joins, Scope& scope);
