@@ -1,0 +1,96 @@
+// The time from the start of a process to its first painted window: the program as an organisation starts it, up to the
+// login window on the sample bank, against a process that shows an empty window. This program starts itself again for
+// both, by turns, so that a machine whose speed drifts bears on both alike.
+#include "bench/bank.h"
+#include "core/connection_file.h"
+#include "toolkit/application.h"
+#include "toolkit/form.h"
+#include "workbench/main_routine.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QWidget>
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+
+namespace talvora {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Ends the process when a window has been painted.
+class FirstPaint : public QObject {
+ public:
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        if (!painting_ && event->type() == QEvent::UpdateRequest && receiver->isWidgetType()) {
+            painting_ = true;
+            QCoreApplication::sendEvent(receiver, event);
+            std::_Exit(EXIT_SUCCESS);
+        }
+        return QObject::eventFilter(receiver, event);
+    }
+
+ private:
+    bool painting_ = false;
+};
+
+int startProgram(int& argc, char** argv) {
+    Application application(argc, argv);
+    FirstPaint painted;
+    application.installEventFilter(&painted);
+    return application.run(Main);
+}
+
+int startEmptyWindow(int& argc, char** argv) {
+    QApplication application(argc, argv);
+    FirstPaint painted;
+    application.installEventFilter(&painted);
+    QWidget window;
+    window.show();
+    return QApplication::exec();
+}
+
+/// Seconds of a process of this program in the given part.
+double secondsOf(const QString& part) {
+    QElapsedTimer clock;
+    clock.start();
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(), {part});
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
+        qFatal("the window did not come up");
+    }
+    constexpr double nanoseconds = 1E9;
+    return static_cast<double>(clock.nsecsElapsed()) / nanoseconds;
+}
+
+void loginWindow(benchmark::State& state) {
+    double program = 0;
+    double empty = 0;
+    for (auto _ : state) {
+        const double thisTime = secondsOf(u"program"_s);
+        state.SetIterationTime(thisTime);
+        program += thisTime;
+        empty += secondsOf(u"empty"_s);
+    }
+    state.counters["ratio"] = program / empty;
+}
+BENCHMARK(loginWindow)->UseManualTime()->Iterations(30)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace talvora
+
+int main(int argc, char** argv) {
+    const QLatin1StringView part(argc == 2 ? argv[1] : "");
+    if (part == "program"_L1) {
+        return talvora::startProgram(argc, argv);
+    }
+    if (part == "empty"_L1) {
+        return talvora::startEmptyWindow(argc, argv);
+    }
+    const QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
