@@ -197,7 +197,13 @@ void EmbeddedDriver::endTransaction(const char* sql, int missingError, QLatin1St
 }
 
 void EmbeddedDriver::commitTransaction() {
-    endTransaction("COMMIT", server_error::NothingToCommit, "COMMIT"_L1);
+    try {
+        endTransaction("COMMIT", server_error::NothingToCommit, "COMMIT"_L1);
+    } catch (const DatabaseError&) {
+        // Left open, it would refuse every later transaction of the session.
+        sqlite3_exec(file_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
     tablesChanged_ = false;
 }
 

@@ -178,12 +178,14 @@ Translator::Piece Translator::subquery(const Expression& e, const Scope& scope) 
 
 QString Translator::parameter(const Expression& literal, SqlType target) {
     const Parameter wanted{literal.literal, target.kind, target.length, literal.negative};
-    const auto found = std::find(out_.parameters.begin(), out_.parameters.end(), wanted);
-    const auto index = found - out_.parameters.begin() + 1;
-    if (found == out_.parameters.end()) {
-        out_.parameters.push_back(wanted);
+    for (const int index : parametersOf_.values(literal.literal)) {
+        if (out_.parameters[static_cast<std::size_t>(index)] == wanted) {
+            return u'?' + QString::number(index + 1);
+        }
     }
-    return u'?' + QString::number(index);
+    parametersOf_.insert(literal.literal, static_cast<int>(out_.parameters.size()));
+    out_.parameters.push_back(wanted);
+    return u'?' + QString::number(out_.parameters.size());
 }
 
 QString Translator::as(const Piece& piece, Kind target) {

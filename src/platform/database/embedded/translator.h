@@ -4,6 +4,7 @@
 #include "platform/database/embedded/syntax.h"
 
 #include <QByteArray>
+#include <QMultiHash>
 #include <QString>
 
 #include <vector>
@@ -155,6 +156,7 @@ class Translator {
     const Catalog& catalog_;
     const Tokens& tokens_;
     Translation out_;
+    QMultiHash<int, int> parametersOf_;  ///< by literal: the same conversion of one literal is bound once
 };
 
 }  // namespace talvora::embedded
