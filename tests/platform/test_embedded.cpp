@@ -70,6 +70,7 @@ TEST(Embedded, RefusesWhatTheServerRefuses) {
         {u"select * from t where id in (select id,name from t)"_s, 116},
         {u"select "_s + u"("_s.repeated(5000) + u"1"_s + u")"_s.repeated(5000), 191},
         {u"select 1"_s + u"+1"_s.repeated(5000), 191},
+        {u"insert into t (name) values ('x')"_s + u",('x')"_s.repeated(1000), 10738},
     };
     for (const Refusal& one : refusals) {
         EXPECT_EQ(bank.errorOf(one.statement), one.error) << qPrintable(one.statement.left(100));

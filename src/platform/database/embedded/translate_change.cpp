@@ -87,6 +87,12 @@ void Translator::insert(const Insert& insert) {
         out_.statement = (sql + insertedQuery(*insert.query, columns)).toUtf8();
         return;
     }
+    constexpr std::size_t mostRows = 1000;
+    if (insert.rows.size() > mostRows) {
+        throw serverError(10738,
+                          u"The number of row value expressions in the INSERT statement exceeds the maximum "
+                          "allowed number of 1000 row values."_s);
+    }
     const Scope nothing;
     QStringList rows;
     for (const auto& row : insert.rows) {
