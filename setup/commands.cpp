@@ -11,8 +11,9 @@
 #include <QDir>
 #include <QTextStream>
 
-#include <array>
+#include <algorithm>
 #include <cstdio>
+#include <vector>
 
 namespace talvora {
 

@@ -146,6 +146,7 @@ bool frmSetup::work(const std::function<void()>& task) {
     QString fault;
     {
         const BusyPointer busy;
+        QWidget* focus = window()->focusWidget();
         window()->setEnabled(false);
         try {
             task();
@@ -156,6 +157,9 @@ bool frmSetup::work(const std::function<void()>& task) {
         }
         ui->PrsBar->hide();
         window()->setEnabled(true);
+        if (focus != nullptr) {
+            focus->setFocus();
+        }
     }
     if (!fault.isEmpty()) {
         report(fault);

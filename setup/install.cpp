@@ -74,11 +74,11 @@ void installSchema(Connection& connection, const Progress& progress) {
     runScript(connection, setupText(u"schema.sql"_s), progress);
 }
 
-void installCatalogue(Connection& connection, const QString& adminPassword, const Progress& progress) {
+void installCatalogue(Connection& connection, const QString& adminPassword) {
     if (const auto fault = adminPasswordFault(adminPassword); !fault.isEmpty()) {
         throw RuntimeError(errors::InvalidCall, fault);
     }
-    runScript(connection, setupText(u"catalogue.sql"_s), progress);
+    runScript(connection, setupText(u"catalogue.sql"_s));
     connection.Execute(u"update Users set Password='"_s + adminPassword + u"',Locked=0 where UserName='admin'"_s);
 }
 
@@ -93,7 +93,7 @@ void install(Connection& connection, const QString& adminPassword, const Progres
     connection.BeginTrans();
     try {
         installSchema(connection, progress);
-        installCatalogue(connection, adminPassword, progress);
+        installCatalogue(connection, adminPassword);
         connection.CommitTrans();
     } catch (const RuntimeError&) {
         ResumeNext rollback;

@@ -25,7 +25,7 @@ void installSchema(Connection& connection, const Progress& progress = {});
 
 /// Writes the catalogue rows into empty tables, gives the user "admin" its password and unlocks it.
 /// Throws RuntimeError 5 for a password that adminPasswordFault objects to.
-void installCatalogue(Connection& connection, const QString& adminPassword, const Progress& progress = {});
+void installCatalogue(Connection& connection, const QString& adminPassword);
 
 /// Both in one transaction: after a failure the database is empty again. Throws RuntimeError 5 as installCatalogue
 /// does, and RuntimeError 58 for a database that already holds tables.

@@ -7,6 +7,7 @@
 
 #include <QSet>
 
+#include <algorithm>
 #include <limits>
 
 namespace talvora {
