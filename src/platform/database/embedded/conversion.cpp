@@ -3,6 +3,7 @@
 #include "platform/database/embedded/server_error.h"
 
 #include <QDateTime>
+#include <QLocale>
 #include <QRegularExpression>
 
 #include <cmath>

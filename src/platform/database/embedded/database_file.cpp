@@ -11,6 +11,8 @@
 #include <QThread>
 #include <sqlite3.h>
 
+#include <algorithm>
+
 namespace talvora::embedded {
 
 using namespace Qt::StringLiterals;

@@ -13,6 +13,8 @@
 
 #include <sqlite3.h>
 
+#include <utility>
+
 namespace talvora {
 
 using namespace Qt::StringLiterals;

@@ -8,7 +8,10 @@
 #include <QDateTime>
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
+#include <limits>
 
 namespace talvora::embedded {
 

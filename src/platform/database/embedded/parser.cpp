@@ -2,6 +2,8 @@
 
 #include "platform/database/embedded/server_error.h"
 
+#include <algorithm>
+
 namespace talvora::embedded {
 
 using namespace Qt::StringLiterals;

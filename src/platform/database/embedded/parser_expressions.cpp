@@ -1,6 +1,7 @@
 #include "platform/database/embedded/parser.h"
 #include "platform/database/embedded/server_error.h"
 
+#include <algorithm>
 #include <array>
 
 namespace talvora::embedded {

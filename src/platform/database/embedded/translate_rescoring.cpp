@@ -9,10 +9,10 @@
 //     from Questions q where Answers.Paper = q.Paper and Answers.Question = q.Question and Answers.Paper = 7
 //
 // rescores everything ever stored for a paper, and changes next to nothing: what it would write stands there already.
-// With an index on (Paper, Question, Answer, Score) the few rows that do change can be found without reading the
-// others. For each answer of each question they lie in three ranges of the index: no score yet, a lower one, a higher
-// one. The answers that no branch names, whose score must become NULL, are found by stepping through the distinct
-// answers.
+// With an index on (Paper, Answer, Score, Question) the few rows that do change can be found without reading the
+// others. There are few different answers, and few different scores of each, which the index gives by stepping from one
+// to the next. For each answer the rows to change lie in ranges of the index: those with no score yet, and, for each
+// score that stands there, those of the questions that give the answer another one.
 namespace talvora::embedded {
 
 using namespace Qt::StringLiterals;
@@ -72,22 +72,8 @@ bool Translator::rescore(const Update& update, const CatalogTable& table) {
         return false;
     }
     const QString target = quoted(table.name);
-    const QString from = u" FROM "_s + other + u" CROSS JOIN "_s + target + u" AS "_s + target + u" WHERE "_s +
-                         condition(*update.where, rescoring.scope) + u" AND "_s;
-    const QString answer = target + u'.' + quoted(rescoring.answer->name);
-    const QString score = target + u'.' + quoted(rescoring.score->name);
-    const auto& args = rescoring.value->args;
-    const std::size_t pairsEnd = args.size() - (rescoring.value->hasElse ? 1 : 0);
-    QStringList arms;
-    for (std::size_t i = 1; i < pairsEnd; i += 2) {
-        const QString rows = comparison(value(*args[0], rescoring.scope), u"="_s, value(*args[i], rescoring.scope));
-        out_.structural.push_back(args[i]->literal);
-        addArms(arms, from, rows, score, assigned(value(*args[i + 1], rescoring.scope), *rescoring.score));
-    }
-    const QString otherwise =
-        rescoring.value->hasElse ? assigned(value(*args.back(), rescoring.scope), *rescoring.score) : u"NULL"_s;
-    addArms(arms, from, answer + u" IN ("_s + otherAnswers(update, rescoring) + u')', score, otherwise);
-    addArms(arms, from, answer + u" IS NULL"_s, score, otherwise);
+    QStringList arms = namedArms(update, rescoring, other);
+    arms += otherArms(update, rescoring, other);
     rescoreFew(update, rescoring);
     out_.statement = (u"UPDATE "_s + target + u" AS "_s + target + u" SET "_s + quoted(rescoring.score->name) +
                       u" = \"changed\".\"score\" FROM ("_s + arms.join(u" UNION ALL "_s) +
@@ -118,12 +104,13 @@ const CatalogColumn* Translator::ownColumn(const Expression& e, const Rescoring&
 }
 
 bool Translator::bindsByIndex(const Update& update, const Rescoring& rescoring) const {
-    QStringList bound;
+    QStringList fixed;
+    QStringList joined;
     for (const Expression* part : conjuncts(*update.where)) {
-        for (const auto& side : part->args) {
-            const CatalogColumn* own = part->name == "="_L1 ? ownColumn(*side, rescoring) : nullptr;
+        for (std::size_t side = 0; side < part->args.size(); ++side) {
+            const CatalogColumn* own = part->name == "="_L1 ? ownColumn(*part->args[side], rescoring) : nullptr;
             if (own) {
-                bound += own->name;
+                (part->args[1 - side]->form == Form::Literal ? fixed : joined) += own->name;
             }
         }
     }
@@ -133,11 +120,13 @@ bool Translator::bindsByIndex(const Update& update, const Rescoring& rescoring) 
     if (std::any_of(args.begin() + 1, args.end(), [&](const auto& part) { return ownColumn(*part, rescoring); })) {
         return false;
     }
+    const auto among = [](const QStringList& names) {
+        return [&names](const QString& name) { return names.contains(name, Qt::CaseInsensitive); };
+    };
     return std::any_of(rescoring.table.indexes.begin(), rescoring.table.indexes.end(), [&](const QStringList& index) {
-        const qsizetype last = index.size() - 1;
-        return last > 1 && same(index[last], rescoring.score->name) && same(index[last - 1], rescoring.answer->name) &&
-               std::all_of(index.begin(), index.begin() + last - 1,
-                           [&bound](const QString& name) { return bound.contains(name, Qt::CaseInsensitive); });
+        const auto answer = std::find_if_not(index.begin(), index.end(), among(fixed));
+        return answer != index.begin() && index.end() - answer > 2 && same(answer[0], rescoring.answer->name) &&
+               same(answer[1], rescoring.score->name) && std::all_of(answer + 2, index.end(), among(joined));
     });
 }
 
@@ -161,61 +150,96 @@ bool Translator::hasDistinctConstants(const Rescoring& rescoring) const {
     return true;
 }
 
-QString Translator::otherAnswers(const Update& update, const Rescoring& rescoring) {
-    const QString collate = u" COLLATE "_s + QLatin1StringView(collationName);
+Translator::Scope Translator::storedScope(const Rescoring& rescoring) {
     Scope scope = rescoring.scope;
     scope.ranges[0].translatedName = u"stored"_s;
-    const QString least = u"SELECT min(\"stored\"."_s + quoted(rescoring.answer->name) + u") FROM "_s +
-                          quoted(rescoring.table.name) + u" AS \"stored\" WHERE "_s + condition(*update.where, scope);
-    QStringList named;
-    const auto& args = rescoring.value->args;
-    for (std::size_t i = 1; i + 1 < args.size(); i += 2) {
-        named += as(value(*args[i], scope), Kind::Text);
-    }
-    return u"WITH RECURSIVE \"answers\"(\"answer\") AS ("_s + least + u" UNION ALL SELECT ("_s + least +
-           u" AND \"stored\"."_s + quoted(rescoring.answer->name) +
-           u" > \"answers\".\"answer\") FROM \"answers\" WHERE \"answers\".\"answer\" IS NOT NULL) "
-           "SELECT \"answer\" FROM \"answers\" WHERE \"answer\""_s +
-           collate + u" NOT IN ("_s + named.join(u", "_s) + u')';
+    return scope;
 }
 
-void Translator::rescoreFew(const Update& update, const Rescoring& rescoring) {
-    constexpr int few = 1000;
+QString Translator::ownConditions(const Update& update, const Rescoring& rescoring, const Scope& scope) {
     QStringList own;
     for (const Expression* part : conjuncts(*update.where)) {
         const bool onlyOwn = std::all_of(part->args.begin(), part->args.end(), [&](const auto& side) {
             return side->form == Form::Literal || ownColumn(*side, rescoring);
         });
         if (onlyOwn) {
-            own += condition(*part, rescoring.scope);
+            own += condition(*part, scope);
         }
     }
-    if (own.isEmpty()) {
-        return;
+    return own.join(u" AND "_s);
+}
+
+QString Translator::differentValues(const Rescoring& rescoring, const CatalogColumn& column,
+                                    const QString& rows) const {
+    const QString name = u"\"stored\"."_s + quoted(column.name);
+    const QString least =
+        u"SELECT min("_s + name + u") FROM "_s + quoted(rescoring.table.name) + u" AS \"stored\" WHERE "_s + rows;
+    return u"WITH RECURSIVE \"found\"(\"value\") AS ("_s + least + u" UNION ALL SELECT ("_s + least + u" AND "_s +
+           name +
+           u" > \"found\".\"value\") FROM \"found\" WHERE \"found\".\"value\" IS NOT NULL) "
+           "SELECT \"value\" FROM \"found\" WHERE \"value\" IS NOT NULL"_s;
+}
+
+QStringList Translator::namedArms(const Update& update, const Rescoring& rescoring, const QString& other) {
+    const QString target = quoted(rescoring.table.name);
+    const QString score = target + u'.' + quoted(rescoring.score->name);
+    const QString where = u" WHERE "_s + condition(*update.where, rescoring.scope) + u" AND "_s;
+    const Scope stored = storedScope(rescoring);
+    const QString own = ownConditions(update, rescoring, stored);
+    const auto& args = rescoring.value->args;
+    QStringList arms;
+    for (std::size_t i = 1; i + 1 < args.size(); i += 2) {
+        out_.structural.push_back(args[i]->literal);
+        const auto isAnswer = [&](const Scope& scope) {
+            return comparison(value(*args[0], scope), u"="_s, value(*args[i], scope));
+        };
+        const QString newScore = assigned(value(*args[i + 1], rescoring.scope), *rescoring.score);
+        const QString rows = u"SELECT "_s + target + u".rowid AS \"row\", "_s + newScore + u" AS \"score\" FROM "_s;
+        arms += rows + target + u" AS "_s + target + u" CROSS JOIN "_s + other + where + isAnswer(rescoring.scope) +
+                u" AND "_s + score + u" IS NULL AND "_s + newScore + u" IS NOT NULL"_s;
+        // Told that scores seldom differ, SQLite does not prepare itself for many look-ups by reading the whole index.
+        arms += rows + u'(' + differentValues(rescoring, *rescoring.score, own + u" AND "_s + isAnswer(stored)) +
+                u") AS \"old\" CROSS JOIN "_s + other + u" CROSS JOIN "_s + target + u" AS "_s + target + where +
+                isAnswer(rescoring.scope) + u" AND "_s + score + u" = \"old\".\"value\" AND likelihood("_s + newScore +
+                u" IS NOT \"old\".\"value\", 0.0001)"_s;
     }
+    return arms;
+}
+
+QStringList Translator::otherArms(const Update& update, const Rescoring& rescoring, const QString& other) {
+    const QString target = quoted(rescoring.table.name);
+    const QString answer = target + u'.' + quoted(rescoring.answer->name);
+    const QString score = target + u'.' + quoted(rescoring.score->name);
+    const Scope stored = storedScope(rescoring);
+    const auto& args = rescoring.value->args;
+    QStringList named;
+    for (std::size_t i = 1; i + 1 < args.size(); i += 2) {
+        named += as(value(*args[i], stored), Kind::Text);
+    }
+    const QString others = differentValues(rescoring, *rescoring.answer, ownConditions(update, rescoring, stored)) +
+                           u" AND \"value\" COLLATE "_s + QLatin1StringView(collationName) + u" NOT IN ("_s +
+                           named.join(u", "_s) + u')';
+    const QString newScore =
+        rescoring.value->hasElse ? assigned(value(*args.back(), rescoring.scope), *rescoring.score) : u"NULL"_s;
+    // Written so, not as "is not null", a range of the index answers it.
+    const QString differs = newScore == "NULL"_L1 ? score + u" >= -9e999"_s : score + u" IS NOT "_s + newScore;
+    const QString rows = u"SELECT "_s + target + u".rowid AS \"row\", "_s + newScore + u" AS \"score\" FROM "_s;
+    const QString joined = target + u" AS "_s + target + u" CROSS JOIN "_s + other + u" WHERE "_s +
+                           condition(*update.where, rescoring.scope) + u" AND "_s + differs + u" AND "_s + answer;
+    return {rows + u'(' + others + u") AS \"others\" CROSS JOIN "_s + joined + u" = \"others\".\"value\""_s,
+            rows + joined + u" IS NULL"_s};
+}
+
+void Translator::rescoreFew(const Update& update, const Rescoring& rescoring) {
+    constexpr int few = 1000;
+    const QString own = ownConditions(update, rescoring, rescoring.scope);
     const QString table = quoted(rescoring.table.name);
     out_.forFewRows.probe =
-        u"SELECT 1 FROM %1 AS %1 WHERE %2 LIMIT 1 OFFSET %3"_s.arg(table, own.join(u" AND "_s), QString::number(few))
-            .toUtf8();
+        u"SELECT 1 FROM %1 AS %1 WHERE %2 LIMIT 1 OFFSET %3"_s.arg(table, own, QString::number(few)).toUtf8();
     updateJoined(update, rescoring.table, update.from.size());
     const QString changed = u" AND "_s + table + u'.' + quoted(rescoring.score->name) + u" IS NOT "_s +
                             assigned(value(*rescoring.value, rescoring.scope), *rescoring.score);
     out_.forFewRows.statement = out_.statement + changed.toUtf8();
-}
-
-void Translator::addArms(QStringList& arms, const QString& from, const QString& rows, const QString& column,
-                         const QString& newValue) const {
-    const QString table = column.section(u'.', 0, 0);
-    const QString begin = u"SELECT "_s + table + u".rowid AS \"row\", "_s + newValue + u" AS \"score\""_s + from + rows;
-    // Written so, not as "is not null", a range of the index answers it.
-    const QString any = u" AND "_s + column + u" >= -9e999"_s;
-    if (newValue == "NULL"_L1) {
-        arms += begin + any;
-        return;
-    }
-    arms += begin + u" AND "_s + column + u" IS NULL AND "_s + newValue + u" IS NOT NULL"_s;
-    arms += begin + u" AND "_s + column + u" < "_s + newValue;
-    arms += begin + u" AND "_s + column + u" > ifnull("_s + newValue + u", -9e999)"_s;
 }
 
 }  // namespace talvora::embedded

@@ -140,10 +140,12 @@ class Translator {
     const CatalogColumn* ownColumn(const Expression& e, const Rescoring& rescoring) const;
     bool bindsByIndex(const Update& update, const Rescoring& rescoring) const;
     bool hasDistinctConstants(const Rescoring& rescoring) const;
-    QString otherAnswers(const Update& update, const Rescoring& rescoring);
+    static Scope storedScope(const Rescoring& rescoring);
+    QString ownConditions(const Update& update, const Rescoring& rescoring, const Scope& scope);
+    QString differentValues(const Rescoring& rescoring, const CatalogColumn& column, const QString& rows) const;
+    QStringList namedArms(const Update& update, const Rescoring& rescoring, const QString& other);
+    QStringList otherArms(const Update& update, const Rescoring& rescoring, const QString& other);
     void rescoreFew(const Update& update, const Rescoring& rescoring);
-    void addArms(QStringList& arms, const QString& from, const QString& rows, const QString& column,
-                 const QString& newValue) const;
     void remove(const Delete& remove);
 
     // definitions (translate_definition.cpp)
