@@ -278,7 +278,7 @@ create index IX_TestingResultDetail_Test on TestingResultDetail (TestingID)
 GO
 -- Every submission rescores all answers ever stored for its paper. With this index the rows whose score changes are
 -- found without reading the others.
-create index IX_TestingResultDetail_Answer on TestingResultDetail (ExaminationID, QuestionName, SelectAnswer, Score)
+create index IX_TestingResultDetail_Answer on TestingResultDetail (ExaminationID, SelectAnswer, Score, QuestionName)
 GO
 create table Query (
     QueryID int identity(1,1) not null primary key,
