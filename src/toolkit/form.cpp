@@ -145,6 +145,7 @@ void Form::showWindow(Qt::WindowModality modality) {
     window_->winId();
     window_->windowHandle()->setTransientParent(owner ? owner->windowHandle() : nullptr);
     placeWindow(*window_, owner);
+    focusFirst(*window_);
     window_->show();
     window_->raise();
     window_->activateWindow();

@@ -54,4 +54,16 @@ void placeWindow(QWidget& window, const QWidget* owner) {
     window.move(frame.topLeft());
 }
 
+void focusFirst(QWidget& window) {
+    if (window.focusWidget()) {
+        return;
+    }
+    for (QWidget* control = window.nextInFocusChain(); control != &window; control = control->nextInFocusChain()) {
+        if ((control->focusPolicy() & Qt::TabFocus) && control->isEnabled() && control->isVisibleTo(&window)) {
+            control->setFocus(Qt::TabFocusReason);
+            return;
+        }
+    }
+}
+
 }  // namespace talvora

@@ -12,4 +12,7 @@ void prepareControls(QWidget& window);
 /// screen), unless it has been given a place already.
 void placeWindow(QWidget& window, const QWidget* owner);
 
+/// Puts the focus on the first control in the tab order that a user can reach, unless one has it already.
+void focusFirst(QWidget& window);
+
 }  // namespace talvora

@@ -2,6 +2,7 @@
 
 #include "access/cuser.h"
 #include "assessment/frmtesting.h"
+#include "assessment/identity_number.h"
 #include "core/mdlpublic.h"
 #include "core/resume_next.h"
 #include "platform/moment.h"
@@ -11,7 +12,6 @@
 #include "toolkit/icons.h"
 #include "toolkit/prompts.h"
 #include "toolkit/quotes.h"
-#include "assessment/identity_number.h"
 
 #include <QTimer>
 
@@ -46,6 +46,7 @@ void frmLogin::Form_Load() {
     ui->lblIcon->setPixmap(picture(u"talvora"_s, iconSize, window()->devicePixelRatioF()));
     ui->lblTitle->setText(titleText());
     ui->optType1->setEnabled(optionValue(u"blnLockTerminal"_s) != "Y"_L1);
+    ui->txtUserName->setFocus();
 }
 
 void frmLogin::optType_Click() {

@@ -27,7 +27,7 @@ class JourneyTest : public WindowTest {
 };
 
 /// A person whose identity number is right.
-inline constexpr const char16_t* rightNumber = u"440524188001010014";
+inline const QString rightNumber = QStringLiteral("440524188001010014");
 
 void setOption(const QString& name, const QString& value);
 

@@ -1,5 +1,5 @@
-#include "platform/runtime_error.h"
 #include "assessment/identity_number.h"
+#include "platform/runtime_error.h"
 
 #include <gtest/gtest.h>
 
@@ -49,7 +49,7 @@ TEST(IsValidIDNumber, LooksAtLengthNumbersAndCheckDigit) {
 }
 
 TEST(IsValidIDNumber, FailsOnASignOrPointAmongTheDigits) {
-    for (const auto& text : {u"-40524188001010014"_s + u'0', u"4405241880010.0014"_s, u"44052,188001010014"_s}) {
+    for (const auto& text : {u"-40524188001010014"_s, u"4405241880010.0014"_s, u"44052,188001010014"_s}) {
         ASSERT_EQ(text.size(), 18);
         try {
             IsValidIDNumber(text);

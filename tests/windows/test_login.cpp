@@ -12,7 +12,7 @@ TEST_F(Login, OpensOnTheManagedPanel) {
     frmLogin login;
     login.Show();
     EXPECT_EQ(login.window()->windowTitle(), u"登录"_s);
-    EXPECT_EQ(focused(), login.ui->txtUserName);
+    EXPECT_EQ(focused()->objectName(), u"txtUserName"_s);
     EXPECT_EQ(login.ui->txtUserName->text(), u"admin"_s);
     EXPECT_TRUE(login.ui->FraLogin->isVisible() && login.ui->cmdLogin->isVisible());
     EXPECT_FALSE(login.ui->FraDiy->isVisible() || login.ui->cmdOK->isVisible());
@@ -124,7 +124,7 @@ TEST_F(Login, SelfServiceChecksInTheirOrder) {
         {u""_s, u""_s, u"请输入［身份证号］！"_s, login.ui->txtID, u""_s},
         {u"123"_s, u""_s, u"［身份证号］不合法，请重新输入！"_s, login.ui->txtID, u""_s},
         {u"11010519491231002X"_s, u"李"_s, u"［身份证号］不合法，请重新输入！"_s, login.ui->txtID, u""_s},
-        {QString(rightNumber), u""_s, u"请输入［姓名］！"_s, login.ui->txtName, QString(rightNumber)},
+        {rightNumber, u""_s, u"请输入［姓名］！"_s, login.ui->txtName, rightNumber},
     };
     for (const auto& row : table) {
         PromptScript script;

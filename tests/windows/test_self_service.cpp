@@ -15,7 +15,7 @@ class SelfService : public JourneyTest {
     void enter(const std::function<void(frmTesting&)>& script) {
         whenModal<frmLogin>([&](frmLogin& login) {
             click(login.ui->optType1);
-            type(login.ui->txtID, QString(rightNumber));
+            type(login.ui->txtID, rightNumber);
             type(login.ui->txtName, u"张三"_s);
             whenModal<frmTesting>(script);
             click(login.ui->cmdOK);
@@ -42,10 +42,10 @@ TEST_F(SelfService, SinglePaperFromEntryToVerdict) {
         EXPECT_TRUE(login.ui->txtID->text().isEmpty());
         EXPECT_EQ(focused(), login.ui->txtID);
 
-        type(login.ui->txtID, QString(rightNumber));
+        type(login.ui->txtID, rightNumber);
         whenModal<frmTesting>([&](frmTesting& w) {
             EXPECT_FALSE(login.window()->isVisible());
-            EXPECT_EQ(w.ui->txtID->text(), QString(rightNumber));
+            EXPECT_EQ(w.ui->txtID->text(), rightNumber);
             EXPECT_EQ(w.ui->txtName->text(), u"张三"_s);
             EXPECT_FALSE(w.ui->txtID->isEnabled());
             EXPECT_FALSE(w.ui->txtName->isEnabled());
@@ -152,21 +152,20 @@ TEST_F(SelfService, SecondTestWithinTheIntervalIsRefused) {
     const auto stored = [](qint64 minutesAgo) {
         cnnPublic.Execute(u"delete from TestingResult"_s);
         cnnPublic.Execute(u"insert into TestingResult (TestingNumber, IdNumber, TestingDate) values (1, '"_s +
-                          QString(rightNumber) + u"', '2020-01-01 00:00:00')"_s);
+                          rightNumber + u"', '2020-01-01 00:00:00')"_s);
         cnnPublic.Execute(u"insert into TestingResult (TestingNumber, IdNumber, TestingDate) values (2, '"_s +
-                          QString(rightNumber) + u"', '"_s + momentText(presentMoment().addSecs(-minutesAgo * 60)) +
-                          u"')"_s);
+                          rightNumber + u"', '"_s + momentText(presentMoment().addSecs(-minutesAgo * 60)) + u"')"_s);
     };
     stored(29);
     PromptScript script;
     script.expect(vbOK, u"在［30］分钟内不能连续进行两次测评！"_s);
     whenModal<frmLogin>([&](frmLogin& login) {
         click(login.ui->optType1);
-        type(login.ui->txtID, QString(rightNumber));
+        type(login.ui->txtID, rightNumber);
         type(login.ui->txtName, u"张三"_s);
         click(login.ui->cmdOK);
         EXPECT_EQ(script.last().style, vbExclamation);
-        EXPECT_EQ(login.ui->txtID->text(), QString(rightNumber)) << "the fields stay as they are";
+        EXPECT_EQ(login.ui->txtID->text(), rightNumber) << "the fields stay as they are";
         EXPECT_EQ(login.ui->txtName->text(), u"张三"_s);
 
         bool entered = false;
@@ -198,7 +197,7 @@ TEST_F(SelfService, KeyboardAlone) {
         login.ui->optType0->setFocus();
         press(Qt::Key_Right);
         waitFor([&] { return focused() == login.ui->txtID; });
-        type(login.ui->txtID, QString(rightNumber));
+        type(login.ui->txtID, rightNumber);
         press(Qt::Key_Return);
         EXPECT_EQ(focused(), login.ui->txtName);
         type(login.ui->txtName, u"王五"_s);
