@@ -1,7 +1,5 @@
 #include "access/cmodule.h"
 
-#include "core/mdlpublic.h"
-
 namespace talvora {
 
 using namespace Qt::StringLiterals;
@@ -11,16 +9,13 @@ cModules& cModules::Find(const QString& ParentCode) {
                                   ? u"SELECT *  FROM Modules where len(ModuleCode)=3 order by ModuleCode"_s
                                   : u"SELECT *  FROM Modules where len(ModuleCode)=6 and left(ModuleCode,3)='"_s +
                                         ParentCode + u"' order by ModuleCode"_s;
-    Clear();
-    for (const Row row : cnnPublic.Execute(statement)) {
-        auto module = std::make_shared<cModule>();
-        module->RecordID = row.number16("RecordID");
-        module->ModuleCode = row.text("ModuleCode");
-        module->ModuleName = row.text("ModuleName");
-        module->TableName = row.text("TableName");
-        module->Note = row.text("Note");
-        Add(module);
-    }
+    load(statement, [](cModule& module, const Row& row) {
+        module.RecordID = row.number16("RecordID");
+        module.ModuleCode = row.text("ModuleCode");
+        module.ModuleName = row.text("ModuleName");
+        module.TableName = row.text("TableName");
+        module.Note = row.text("Note");
+    });
     return *this;
 }
 

@@ -2,7 +2,6 @@
 
 #include "core/data_routines.h"
 #include "core/mdlpublic.h"
-#include "core/resume_next.h"
 #include "core/transaction.h"
 #include "platform/numbers.h"
 
@@ -52,11 +51,9 @@ Status cRole::Update(qint16 RoleID, const QString& RoleName, const QString& Role
 }
 
 Status cRole::Delete(qint16 RoleID) {
-    ResumeNext steps;
-    bool inUse = false;
-    steps([&] { inUse = IsExistID(u"UserRole"_s, u"RoleID"_s, RoleID); });
-    if (inUse || steps.status() != Status::Done) {
-        return inUse ? Status::InUse : Status::Failed;
+    const Status guard = guarded(Status::InUse, [&] { return IsExistID(u"UserRole"_s, u"RoleID"_s, RoleID); });
+    if (guard != Status::Done) {
+        return guard;
     }
     const QString id = QString::number(RoleID);
     return executePassingErrors(
@@ -89,15 +86,12 @@ cRoles& cRoles::GetRoleLevel1() {
 }
 
 cRoles& cRoles::load(const QString& statement) {
-    Clear();
-    for (const Row row : cnnPublic.Execute(statement)) {
-        auto role = std::make_shared<cRole>();
-        role->RoleID = row.number16("RoleID");
-        role->RoleName = row.text("RoleName");
-        role->RoleCode = row.text("RoleCode");
-        role->RoleDesc = row.text("RoleDesc");
-        Add(role);
-    }
+    Collection::load(statement, [](cRole& role, const Row& row) {
+        role.RoleID = row.number16("RoleID");
+        role.RoleName = row.text("RoleName");
+        role.RoleCode = row.text("RoleCode");
+        role.RoleDesc = row.text("RoleDesc");
+    });
     return *this;
 }
 

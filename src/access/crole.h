@@ -24,7 +24,7 @@ struct cRole {
     /// Writes name and description and replaces the rights; the code stays.
     static Status Update(qint16 RoleID, const QString& RoleName, const QString& RoleDesc, const cRoleRights& rights);
 
-    /// InUse when a user has the role.
+    /// InUse when a user has the role; Failed with nothing deleted when that test fails. Goes on after a later error.
     static Status Delete(qint16 RoleID);
 
     static cRoleRights GetRoleFunction(qint16 RoleID);

@@ -1,7 +1,5 @@
 #include "access/croleright.h"
 
-#include "core/mdlpublic.h"
-
 namespace talvora {
 
 using namespace Qt::StringLiterals;
@@ -11,15 +9,12 @@ QString cRoleRight::key() const {
 }
 
 cRoleRights& cRoleRights::Find(qint16 RoleID) {
-    Clear();
-    for (const Row row : cnnPublic.Execute(u"SELECT *  FROM RoleRight where RoleId ="_s + QString::number(RoleID))) {
-        auto right = std::make_shared<cRoleRight>();
-        right->RoleID = row.number16("RoleID");
-        right->ModuleCode = row.text("ModuleCode");
-        right->ModuleFunction = row.text("ModuleFunction");
-        right->IsAccess = row.number16Or0("IsAccess") != 0;
-        Add(right);
-    }
+    load(u"SELECT *  FROM RoleRight where RoleId ="_s + QString::number(RoleID), [](cRoleRight& right, const Row& row) {
+        right.RoleID = row.number16("RoleID");
+        right.ModuleCode = row.text("ModuleCode");
+        right.ModuleFunction = row.text("ModuleFunction");
+        right.IsAccess = row.number16Or0("IsAccess") != 0;
+    });
     return *this;
 }
 

@@ -2,7 +2,6 @@
 
 #include "core/data_routines.h"
 #include "core/mdlpublic.h"
-#include "core/resume_next.h"
 #include "core/status_of.h"
 #include "core/transaction.h"
 #include "platform/numbers.h"
@@ -46,11 +45,10 @@ Status cUser::AddNew(const QString& UserName, const QString& UserDesc, const QSt
 Status cUser::Update(qint16 UserID, const QString& UserName, const QString& UserDesc, const QString& Password,
                      bool Locked, const cRoles& roles) {
     const QString id = QString::number(UserID);
-    ResumeNext steps;
-    bool taken = false;
-    steps([&] { taken = IsExistName(u"Users"_s, u"UserName"_s, UserName, u"UserID"_s, id); });
-    if (taken || steps.status() != Status::Done) {
-        return taken ? Status::Taken : Status::Failed;
+    const Status guard =
+        guarded(Status::Taken, [&] { return IsExistName(u"Users"_s, u"UserName"_s, UserName, u"UserID"_s, id); });
+    if (guard != Status::Done) {
+        return guard;
     }
     const QString update = u"Update Users Set UserName='"_s + UserName + u"', UserDesc='"_s + UserDesc +
                            u"', Password='"_s + Password + u"', Locked="_s + (Locked ? u'1' : u'0') +
@@ -79,25 +77,19 @@ QString cUser::GetPassword(const QString& UserName) {
 }
 
 Status cUser::UpdatePassword(const QString& UserName, const QString& newPassword) {
-    return statusOf([&] {
-        cnnPublic.Execute(u"update Users set password='"_s + newPassword + u"' where Username='"_s + UserName + u'\'');
-        return Status::Done;
-    });
+    return executed(u"update Users set password='"_s + newPassword + u"' where Username='"_s + UserName + u'\'');
 }
 
 cUsers& cUsers::Find(qint16 UserID) {
     const QString statement = UserID != 0 ? u"Select * from Users where UserID="_s + QString::number(UserID)
                                           : u"Select * from Users order by UserName "_s;
-    Clear();
-    for (const Row row : cnnPublic.Execute(statement)) {
-        auto user = std::make_shared<cUser>();
-        user->UserID = row.number16("UserID");
-        user->UserName = row.text("UserName");
-        user->Password = row.text("Password");
-        user->UserDesc = row.text("UserDesc");
-        user->Locked = row.number16Or0("Locked") != 0;
-        Add(user);
-    }
+    load(statement, [](cUser& user, const Row& row) {
+        user.UserID = row.number16("UserID");
+        user.UserName = row.text("UserName");
+        user.Password = row.text("Password");
+        user.UserDesc = row.text("UserDesc");
+        user.Locked = row.number16Or0("Locked") != 0;
+    });
     return *this;
 }
 

@@ -21,8 +21,8 @@ struct cUser {
     static Status AddNew(const QString& UserName, const QString& UserDesc, const QString& Password,
                          const cRoles& roles);
 
-    /// Writes the user and replaces the links. Taken when just one other user bears the name. Goes on after an error
-    /// and commits what went through.
+    /// Writes the user and replaces the links. Taken when just one other user bears the name; Failed with nothing
+    /// written when that test fails. Goes on after a later error and commits what went through.
     static Status Update(qint16 UserID, const QString& UserName, const QString& UserDesc, const QString& Password,
                          bool Locked, const cRoles& roles);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/mdlpublic.h"
 #include "platform/runtime_error.h"
 
 #include <QHash>
@@ -7,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace talvora {
@@ -81,10 +83,10 @@ class Collection {
     void Remove(int position) {
         Item(position);
         items_.erase(items_.begin() + (position - 1));
-        positions_.clear();
-        int next = 0;
-        for (const auto& item : items_) {
-            positions_.insert(Key::of(*item), next++);
+        // A key is what it was when its item was added, whatever has become of the record since.
+        positions_.remove(positions_.key(position - 1));
+        for (int& later : positions_) {
+            later -= later >= position ? 1 : 0;
         }
     }
     void Remove(const QString& key) { Remove(positionOf(key)); }
@@ -98,10 +100,25 @@ class Collection {
     auto end() const { return items_.cend(); }
 
  protected:
-    /// For a loader that knows how many rows come.
-    void reserve(int count) {
-        items_.reserve(static_cast<std::size_t>(count));
-        positions_.reserve(count);
+    /// Adds a record for each row that the statement gives, which `fill(record, row)` fills. A failing statement's
+    /// error goes to the caller.
+    template <class Fill>
+    void append(const QString& statement, Fill&& fill) {
+        const Recordset rows = cnnPublic.Execute(statement);
+        items_.reserve(items_.size() + static_cast<std::size_t>(rows.RecordCount()));
+        positions_.reserve(Count() + rows.RecordCount());
+        for (const Row row : rows) {
+            auto record = std::make_shared<Record>();
+            fill(*record, row);
+            Add(std::move(record));
+        }
+    }
+
+    /// The same in place of the present items. They are gone even when the statement fails.
+    template <class Fill>
+    void load(const QString& statement, Fill&& fill) {
+        Clear();
+        append(statement, std::forward<Fill>(fill));
     }
 
  private:

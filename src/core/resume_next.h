@@ -17,19 +17,15 @@ class ResumeNext {
     void operator()(Step&& step) {
         try {
             step();
-        } catch (const RuntimeError& error) {
-            remember(error);
+        } catch (const RuntimeError&) {
+            failed_ = true;
         }
     }
 
-    /// The number of the last error, 0 when every step went through.
-    int errorNumber() const { return number_; }
-    Status status() const { return number_ == 0 ? Status::Done : Status::Failed; }
+    Status status() const { return failed_ ? Status::Failed : Status::Done; }
 
  private:
-    void remember(const RuntimeError& error);
-
-    int number_ = 0;
+    bool failed_ = false;
 };
 
 }  // namespace talvora

@@ -1,7 +1,6 @@
 #include "models/cdimension.h"
 
-#include "core/mdlpublic.h"
-#include "core/status_of.h"
+#include "core/transaction.h"
 
 namespace talvora {
 
@@ -20,36 +19,26 @@ QString requiredText(const Row& row, FieldName name) {
 
 Status cDimension::AddNew(qint16 SolutionID, const QString& TypeCode, const QString& TypeName, const QString& Score,
                           const QString& Weighing) {
-    return statusOf([&] {
-        cnnPublic.Execute(
-            u"insert into TestingSolutionDetail (SolutionID,TypeCode,TypeName,Score,Weighing) values ("_s +
-            QString::number(SolutionID) + u",'"_s + TypeCode + u"','"_s + TypeName + u"','"_s + Score + u"','"_s +
-            Weighing + u"')"_s);
-        return Status::Done;
-    });
+    return executed(u"insert into TestingSolutionDetail (SolutionID,TypeCode,TypeName,Score,Weighing) values ("_s +
+                    QString::number(SolutionID) + u",'"_s + TypeCode + u"','"_s + TypeName + u"','"_s + Score +
+                    u"','"_s + Weighing + u"')"_s);
 }
 
 Status cDimension::Delete(qint16 SolutionID) {
-    return statusOf([&] {
-        cnnPublic.Execute(u"Delete from TestingSolutionDetail where SolutionID="_s + QString::number(SolutionID));
-        return Status::Done;
-    });
+    return executed(u"Delete from TestingSolutionDetail where SolutionID="_s + QString::number(SolutionID));
 }
 
 cDimensions& cDimensions::Find(qint16 SolutionID) {
     const QString statement = u"SELECT *  FROM TestingSolutionDetail where SolutionID="_s +
                               QString::number(SolutionID) + u" order by TypeCode"_s;
-    Clear();
     qint16 position = 0;
-    for (const Row row : cnnPublic.Execute(statement)) {
-        auto line = std::make_shared<cDimension>();
-        line->ID = ++position;
-        line->TypeCode = row.text("TypeCode");
-        line->TypeName = row.text("TypeName");
-        line->Score = requiredText(row, "Score");
-        line->Weighing = requiredText(row, "Weighing");
-        Add(line);
-    }
+    load(statement, [&](cDimension& line, const Row& row) {
+        line.ID = ++position;
+        line.TypeCode = row.text("TypeCode");
+        line.TypeName = row.text("TypeName");
+        line.Score = requiredText(row, "Score");
+        line.Weighing = requiredText(row, "Weighing");
+    });
     return *this;
 }
 

@@ -80,12 +80,13 @@ Status cSolution::AddNew(const cDimensions& lines) const {
 
 Status cSolution::Update(const cDimensions& lines) const {
     const QString id = QString::number(SolutionID);
-    ResumeNext steps;
-    bool taken = false;
-    steps([&] { taken = IsExistName(u"TestingSolution"_s, u"SolutionName"_s, SolutionName, u"SolutionID"_s, id); });
-    if (taken || steps.status() != Status::Done) {
-        return taken ? Status::Taken : Status::Failed;
+    const Status guard = guarded(Status::Taken, [&] {
+        return IsExistName(u"TestingSolution"_s, u"SolutionName"_s, SolutionName, u"SolutionID"_s, id);
+    });
+    if (guard != Status::Done) {
+        return guard;
     }
+    ResumeNext steps;
     steps([] { cnnPublic.BeginTrans(); });
     steps([&] { cnnPublic.Execute(headUpdate(*this)); });
     steps([&] { cnnPublic.Execute(u"delete from TestingSolutionDetail where SolutionID="_s + id); });
@@ -106,22 +107,19 @@ cSolutions& cSolutions::Find(qint16 SolutionID) {
     const QString statement = SolutionID != 0
                                   ? u"Select * from TestingSolution where SolutionID="_s + QString::number(SolutionID)
                                   : u"Select * from TestingSolution order by SolutionName "_s;
-    Clear();
-    for (const Row row : cnnPublic.Execute(statement)) {
-        auto solution = std::make_shared<cSolution>();
-        solution->SolutionID = row.number16("SolutionID");
-        solution->SolutionName = row.text("SolutionName");
-        solution->PostName = row.text("PostName");
-        solution->Version = row.text("Version");
-        solution->Author = row.text("Author");
-        solution->Auditing = row.text("Auditing");
-        solution->Approver = row.text("Approver");
-        solution->WriteDate = row.text("WriteDate");
-        solution->AuditingDate = row.text("AuditingDate");
-        solution->ApproverDate = row.text("ApproverDate");
-        solution->Note = row.text("Note");
-        Add(solution);
-    }
+    load(statement, [](cSolution& solution, const Row& row) {
+        solution.SolutionID = row.number16("SolutionID");
+        solution.SolutionName = row.text("SolutionName");
+        solution.PostName = row.text("PostName");
+        solution.Version = row.text("Version");
+        solution.Author = row.text("Author");
+        solution.Auditing = row.text("Auditing");
+        solution.Approver = row.text("Approver");
+        solution.WriteDate = row.text("WriteDate");
+        solution.AuditingDate = row.text("AuditingDate");
+        solution.ApproverDate = row.text("ApproverDate");
+        solution.Note = row.text("Note");
+    });
     return *this;
 }
 

@@ -27,7 +27,8 @@ struct cSolution {
     Status AddNew(const cDimensions& lines) const;
 
     /// Writes this record into the row of its key and replaces all lines. Taken when just one other model bears the
-    /// name. Unlike AddNew it goes on after an error and commits what went through.
+    /// name; Failed with nothing written when that test fails. Unlike AddNew it goes on after a later error and commits
+    /// what went through.
     Status Update(const cDimensions& lines) const;
 
     /// Deletes head and lines. Testing records that refer to the model are not looked at.

@@ -91,46 +91,40 @@ QString cPosition::GetParent(const QString& PostCode) {
 cPositions& cPositions::Find(const QString& PostCode) {
     const QString statement = PostCode.isEmpty() ? u"Select * from Position order by PostCode "_s
                                                  : u"Select * from Position where PostCode ='"_s + PostCode + u'\'';
-    Clear();
-    for (const Row row : cnnPublic.Execute(statement)) {
-        auto position = std::make_shared<cPosition>();
-        position->PostName = row.text("PostName");
-        position->PostCode = row.text("PostCode");
-        position->DeptCode = row.text("DeptCode");
-        position->Peoples = row.number16Or0("Peoples");
-        position->Author = row.text("Author");
-        position->Auditing = row.text("Auditing");
-        position->Approver = row.text("Approver");
-        position->WriteDate = row.text("WriteDate");
-        position->AuditingDate = row.text("AuditingDate");
-        position->ApproveDate = row.text("ApproveDate");
-        position->ReportTo = row.text("ReportTo");
-        position->Guidance = row.text("Guidance");
-        position->CoWorker = row.text("CoWorker");
-        position->Exterior = row.text("Exterior");
-        position->Educational = row.text("Educational");
-        position->Training = row.text("Training");
-        position->Experience = row.text("Experience");
-        position->Skill = row.text("Skill");
-        position->WorkPeriodic = row.text("WorkPeriodic");
-        position->WorkDaily = row.text("WorkDaily");
-        position->WorkFortuitous = row.text("WorkFortuitous");
-        position->Authority = row.text("Authority");
-        position->Obligation = row.text("Obligation");
-        Add(position);
-    }
+    load(statement, [](cPosition& position, const Row& row) {
+        position.PostName = row.text("PostName");
+        position.PostCode = row.text("PostCode");
+        position.DeptCode = row.text("DeptCode");
+        position.Peoples = row.number16Or0("Peoples");
+        position.Author = row.text("Author");
+        position.Auditing = row.text("Auditing");
+        position.Approver = row.text("Approver");
+        position.WriteDate = row.text("WriteDate");
+        position.AuditingDate = row.text("AuditingDate");
+        position.ApproveDate = row.text("ApproveDate");
+        position.ReportTo = row.text("ReportTo");
+        position.Guidance = row.text("Guidance");
+        position.CoWorker = row.text("CoWorker");
+        position.Exterior = row.text("Exterior");
+        position.Educational = row.text("Educational");
+        position.Training = row.text("Training");
+        position.Experience = row.text("Experience");
+        position.Skill = row.text("Skill");
+        position.WorkPeriodic = row.text("WorkPeriodic");
+        position.WorkDaily = row.text("WorkDaily");
+        position.WorkFortuitous = row.text("WorkFortuitous");
+        position.Authority = row.text("Authority");
+        position.Obligation = row.text("Obligation");
+    });
     return *this;
 }
 
 cPositions& cPositions::GetDistPostName() {
-    Clear();
     int number = 0;
-    for (const Row row : cnnPublic.Execute(u"Select Distinct PostName from Position order by PostName "_s)) {
-        auto position = std::make_shared<cPosition>();
-        position->PostName = row.text("PostName");
-        position->PostCode = QString::number(++number);
-        Add(position);
-    }
+    load(u"Select Distinct PostName from Position order by PostName "_s, [&](cPosition& position, const Row& row) {
+        position.PostName = row.text("PostName");
+        position.PostCode = QString::number(++number);
+    });
     return *this;
 }
 

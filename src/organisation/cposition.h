@@ -40,10 +40,11 @@ struct cPosition {
     /// Two positions may get one name here.
     static Status AddNew(const QString& kind, const QString& PostCode, const QString& PostName, qint16 Peoples);
 
-    /// NoSuchRow for an unknown code, Taken when another position bears the name.
+    /// NoSuchRow for an unknown code, Taken when another position bears the name. Failed with nothing written when one
+    /// of these tests fails.
     static Status Update(const QString& PostCode, const QString& PostName, qint16 Peoples);
 
-    /// InUse when positions stand under it.
+    /// InUse when positions stand under it. Failed with nothing deleted when that test fails.
     static Status Delete(const QString& PostCode);
 
     /// The name of the position above, empty for a top one and for an empty code.

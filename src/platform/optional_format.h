@@ -4,9 +4,8 @@
 
 namespace talvora {
 
-/// `value` with at most `decimals` digits behind the point, which always stands, and no zero that says nothing: 0.3333
-/// is
-/// ".3333", 0.5 is ".5", 1 is "1.", 0 is ".". The decimal text of the value is rounded half away from zero.
+/// `value` with at most `decimals` digits behind the point, which always stands, and no zero that says nothing:
+/// 0.3333 is ".3333", 0.5 is ".5", 1 is "1.", 0 is ".". The decimal text of the value is rounded half away from zero.
 QString formatOptional(double value, int decimals);
 
 /// The same as a percentage: 0.3333 is "33.33%", 0.5 is "50.%", 1 is "100.%".

@@ -3,6 +3,7 @@
 #include "core/data_routines.h"
 #include "core/mdlpublic.h"
 #include "core/status_of.h"
+#include "core/transaction.h"
 
 namespace talvora {
 
@@ -21,23 +22,17 @@ Status cQuery::AddNew(const QString& Query, const QString& Condition) {
 }
 
 Status cQuery::Delete(qint16 QueryID) {
-    return statusOf([&] {
-        cnnPublic.Execute(u"Delete from Query where QueryID="_s + QString::number(QueryID));
-        return Status::Done;
-    });
+    return executed(u"Delete from Query where QueryID="_s + QString::number(QueryID));
 }
 
 cQuerys& cQuerys::Find(qint16 QueryID) {
     const QString statement = QueryID != 0 ? u"Select * from Query where QueryID="_s + QString::number(QueryID)
                                            : u"Select * from Query order by Query"_s;
-    Clear();
-    for (const Row row : cnnPublic.Execute(statement)) {
-        auto query = std::make_shared<cQuery>();
-        query->QueryID = row.number16("QueryID");
-        query->Query = row.text("Query");
-        query->Condition = row.text("Condition");
-        Add(query);
-    }
+    load(statement, [](cQuery& query, const Row& row) {
+        query.QueryID = row.number16("QueryID");
+        query.Query = row.text("Query");
+        query.Condition = row.text("Condition");
+    });
     return *this;
 }
 

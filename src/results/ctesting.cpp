@@ -1,7 +1,5 @@
 #include "results/ctesting.h"
 
-#include "core/mdlpublic.h"
-
 namespace talvora {
 
 using namespace Qt::StringLiterals;
@@ -45,41 +43,30 @@ void fill(cTesting& testing, const Row& row) {
 }  // namespace
 
 cTestings& cTestings::Find(qint32 testingNumber, const QString& sql) {
-    Clear();
-    const Recordset rows = cnnPublic.Execute(statementFor(testingNumber, sql));
-    reserve(rows.RecordCount());
-    for (const Row row : rows) {
-        auto testing = std::make_shared<cTesting>();
-        fill(*testing, row);
-        Add(std::move(testing));
-    }
+    load(statementFor(testingNumber, sql), fill);
     return *this;
 }
 
 cTestings& cTestings::GetTestingType() {
-    const Recordset rows = cnnPublic.Execute(
-        u"SELECT DISTINCT TypeName FROM testingResult where typecode is null or SolutionID=0 order by TypeName"_s);
-    qint32 number = 0;
-    for (const Row row : rows) {
-        auto testing = std::make_shared<cTesting>();
-        testing->TestingID = ++number;
-        testing->TypeName = row.text("TypeName");
-        Add(std::move(testing));
-    }
+    appendNames(
+        u"SELECT DISTINCT TypeName FROM testingResult where typecode is null or SolutionID=0 order by TypeName"_s,
+        &cTesting::TypeName);
     return *this;
 }
 
 cTestings& cTestings::GetTestingResult(const QString& typeName) {
-    const Recordset rows = cnnPublic.Execute(u"SELECT DISTINCT TestingResult FROM testingResult where typename='"_s +
-                                             typeName + u"' order by TestingResult"_s);
-    qint32 number = 0;
-    for (const Row row : rows) {
-        auto testing = std::make_shared<cTesting>();
-        testing->TestingID = ++number;
-        testing->TestingResult = row.text("TestingResult");
-        Add(std::move(testing));
-    }
+    appendNames(u"SELECT DISTINCT TestingResult FROM testingResult where typename='"_s + typeName +
+                    u"' order by TestingResult"_s,
+                &cTesting::TestingResult);
     return *this;
+}
+
+void cTestings::appendNames(const QString& statement, QString cTesting::*member) {
+    qint32 number = 0;
+    append(statement, [&](cTesting& testing, const Row& row) {
+        testing.TestingID = ++number;
+        testing.*member = row.text(0);
+    });
 }
 
 }  // namespace talvora

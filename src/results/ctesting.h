@@ -63,6 +63,10 @@ class cTestings : public Collection<cTesting, NumberKey<&cTesting::TestingID>> {
     /// The same for the verdicts of the tests named `typeName`, in `TestingResult`; one item is empty when some have
     /// no verdict.
     cTestings& GetTestingResult(const QString& typeName);
+
+ private:
+    /// Adds an item for each row of the statement, with its first column in `member`.
+    void appendNames(const QString& statement, QString cTesting::*member);
 };
 
 }  // namespace talvora

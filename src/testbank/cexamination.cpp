@@ -145,25 +145,23 @@ qint16 answerAmountOf(const Row& row) {
 }
 
 // What both loaders read.
-std::shared_ptr<cExamination> paperFrom(const Row& row) {
-    auto paper = std::make_shared<cExamination>();
-    paper->ExaminationID = row.number16("ExaminationID");
-    paper->TypeCode = row.text("TypeCode");
-    paper->ExaminationNum = row.text("ExaminationNum");
-    paper->AnswerAmount = answerAmountOf(row);
-    paper->TestingTime = row.isNull("TestingTime") ? defaultTestingTime : row.number16("TestingTime");
-    paper->Author = row.text("Author");
-    paper->WriteDate = row.text("WriteDate");
-    paper->ScoreScope1 = row.text("ScoreScope1");
-    paper->ScoreScope2 = row.text("ScoreScope2");
-    paper->ScoreScope3 = row.text("ScoreScope3");
-    paper->ScoreScope4 = row.text("ScoreScope4");
-    paper->DescScope1 = row.text("DescScope1");
-    paper->DescScope2 = row.text("DescScope2");
-    paper->DescScope3 = row.text("DescScope3");
-    paper->DescScope4 = row.text("DescScope4");
-    paper->Status = row.text("Status");
-    return paper;
+void fillPaper(cExamination& paper, const Row& row) {
+    paper.ExaminationID = row.number16("ExaminationID");
+    paper.TypeCode = row.text("TypeCode");
+    paper.ExaminationNum = row.text("ExaminationNum");
+    paper.AnswerAmount = answerAmountOf(row);
+    paper.TestingTime = row.isNull("TestingTime") ? defaultTestingTime : row.number16("TestingTime");
+    paper.Author = row.text("Author");
+    paper.WriteDate = row.text("WriteDate");
+    paper.ScoreScope1 = row.text("ScoreScope1");
+    paper.ScoreScope2 = row.text("ScoreScope2");
+    paper.ScoreScope3 = row.text("ScoreScope3");
+    paper.ScoreScope4 = row.text("ScoreScope4");
+    paper.DescScope1 = row.text("DescScope1");
+    paper.DescScope2 = row.text("DescScope2");
+    paper.DescScope3 = row.text("DescScope3");
+    paper.DescScope4 = row.text("DescScope4");
+    paper.Status = row.text("Status");
 }
 
 }  // namespace
@@ -185,25 +183,21 @@ qint16 cExamination::GetExamQuestions(qint16 ExaminationID) {
 
 cExaminations& cExaminations::FindByTypeCode(const QString& TypeCode, bool all) {
     const QString finished = all ? QString() : u" and (Status is null or left(Status,1)<>'0')"_s;
-    Clear();
-    for (const Row row : cnnPublic.Execute(u"Select * from Examination where TypeCode='"_s + TypeCode + u'\'' +
-                                           finished + u" order by ExaminationNum"_s)) {
-        const auto paper = Add(paperFrom(row));
-        paper->Note = row.text("Note");
-        paper->Auditing = row.text("Auditing");
-        paper->Approver = row.text("Approver");
-        paper->AuditingDate = row.text("AuditingDate");
-        paper->ApproverDate = row.text("ApproverDate");
-    }
+    const QString statement =
+        u"Select * from Examination where TypeCode='"_s + TypeCode + u'\'' + finished + u" order by ExaminationNum"_s;
+    load(statement, [](cExamination& paper, const Row& row) {
+        fillPaper(paper, row);
+        paper.Note = row.text("Note");
+        paper.Auditing = row.text("Auditing");
+        paper.Approver = row.text("Approver");
+        paper.AuditingDate = row.text("AuditingDate");
+        paper.ApproverDate = row.text("ApproverDate");
+    });
     return *this;
 }
 
 cExaminations& cExaminations::FindByExamID(qint16 ExaminationID) {
-    Clear();
-    for (const Row row :
-         cnnPublic.Execute(u"Select * from Examination where ExaminationID="_s + QString::number(ExaminationID))) {
-        Add(paperFrom(row));
-    }
+    load(u"Select * from Examination where ExaminationID="_s + QString::number(ExaminationID), fillPaper);
     return *this;
 }
 

@@ -1,29 +1,25 @@
 #include "testbank/cquestion.h"
 
-#include "core/mdlpublic.h"
-
 namespace talvora {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-std::shared_ptr<cQuestion> questionFrom(const Row& row) {
-    auto question = std::make_shared<cQuestion>();
-    question->ExaminationID = row.number16("ExaminationID");
-    question->QuestionID = row.number16("QuestionID");
-    question->QuestionName = row.rawText("QuestionName");
-    question->Answer1 = row.text("Answer1");
-    question->Score1 = row.number16Or0("Score1");
-    question->Answer2 = row.text("Answer2");
-    question->Score2 = row.number16Or0("Score2");
-    question->Answer3 = row.text("Answer3");
-    question->Score3 = row.number16Or0("Score3");
-    question->Answer4 = row.text("Answer4");
-    question->Score4 = row.number16Or0("Score4");
-    question->Answer5 = row.text("Answer5");
-    question->Score5 = row.number16Or0("Score5");
-    return question;
+void fill(cQuestion& question, const Row& row) {
+    question.ExaminationID = row.number16("ExaminationID");
+    question.QuestionID = row.number16("QuestionID");
+    question.QuestionName = row.rawText("QuestionName");
+    question.Answer1 = row.text("Answer1");
+    question.Score1 = row.number16Or0("Score1");
+    question.Answer2 = row.text("Answer2");
+    question.Score2 = row.number16Or0("Score2");
+    question.Answer3 = row.text("Answer3");
+    question.Score3 = row.number16Or0("Score3");
+    question.Answer4 = row.text("Answer4");
+    question.Score4 = row.number16Or0("Score4");
+    question.Answer5 = row.text("Answer5");
+    question.Score5 = row.number16Or0("Score5");
 }
 
 }  // namespace
@@ -34,10 +30,7 @@ cQuestions& cQuestions::Find(qint16 ExaminationID) {
 }
 
 cQuestions& cQuestions::load(const QString& statement) {
-    Clear();
-    for (const Row row : cnnPublic.Execute(statement)) {
-        Add(questionFrom(row));
-    }
+    Collection::load(statement, fill);
     return *this;
 }
 

@@ -129,13 +129,10 @@ Status cTestingType::Delete(const QString& code) {
         return Status::Dependants;
     }
     const QString deleteRow = u"Delete from TestingType where TypeCode='"_s + code + u'\'';
-    if (isMain) {
-        steps([&] { cnnPublic.Execute(deleteRow); });
-        return steps.status();
-    }
     // TestingTypeCode may be missing from a database: the row goes all the same, and the result is Failed.
     const Status deleted =
-        executePassingErrors({u"Delete from TestingTypeCode where TypeCode='"_s + code + u'\'', deleteRow});
+        isMain ? executed(deleteRow)
+               : executePassingErrors({u"Delete from TestingTypeCode where TypeCode='"_s + code + u'\'', deleteRow});
     return steps.status() == Status::Done ? deleted : Status::Failed;
 }
 
@@ -158,36 +155,30 @@ QString findStatement(const QString& kind, const QString& code) {
     throw RuntimeError(errors::InvalidCall);
 }
 
-std::shared_ptr<cTestingType> typeFrom(const Row& row) {
-    auto type = std::make_shared<cTestingType>();
-    type->Name = row.text("TestingType");
-    type->NowCode = row.text("TypeCode");
-    type->Author = row.text("Author");
-    type->Auditing = row.text("Auditing");
-    type->Approver = row.text("Approver");
-    type->WriteDate = row.text("WriteDate");
-    type->AuditingDate = row.text("AuditingDate");
-    type->ApproverDate = row.text("ApproverDate");
-    type->Note = row.text("Note");
-    type->TestingResult1 = row.text("TestingResult1");
-    type->TestingResult2 = row.text("TestingResult2");
-    type->TestingResult3 = row.text("TestingResult3");
-    type->TestingResult4 = row.text("TestingResult4");
-    type->TestingNote1 = row.text("TestingNote1");
-    type->TestingNote2 = row.text("TestingNote2");
-    type->TestingNote3 = row.text("TestingNote3");
-    type->TestingNote4 = row.text("TestingNote4");
-    return type;
+void fill(cTestingType& type, const Row& row) {
+    type.Name = row.text("TestingType");
+    type.NowCode = row.text("TypeCode");
+    type.Author = row.text("Author");
+    type.Auditing = row.text("Auditing");
+    type.Approver = row.text("Approver");
+    type.WriteDate = row.text("WriteDate");
+    type.AuditingDate = row.text("AuditingDate");
+    type.ApproverDate = row.text("ApproverDate");
+    type.Note = row.text("Note");
+    type.TestingResult1 = row.text("TestingResult1");
+    type.TestingResult2 = row.text("TestingResult2");
+    type.TestingResult3 = row.text("TestingResult3");
+    type.TestingResult4 = row.text("TestingResult4");
+    type.TestingNote1 = row.text("TestingNote1");
+    type.TestingNote2 = row.text("TestingNote2");
+    type.TestingNote3 = row.text("TestingNote3");
+    type.TestingNote4 = row.text("TestingNote4");
 }
 
 }  // namespace
 
 cTestingTypes& cTestingTypes::Find(const QString& kind, const QString& code) {
-    const QString statement = findStatement(kind, code);
-    Clear();
-    for (const Row row : cnnPublic.Execute(statement)) {
-        Add(typeFrom(row));
-    }
+    load(findStatement(kind, code), fill);
     return *this;
 }
 

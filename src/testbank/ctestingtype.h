@@ -42,7 +42,8 @@ struct cTestingType {
     /// test goes to the caller; a later one is passed over and reported as Failed, the other steps being done.
     Status Update(const QString& code, const QString& name) const;
 
-    /// Dependants when subtypes stand under a main type, or papers under a subtype.
+    /// Dependants when subtypes stand under a main type, or papers under a subtype. A failing statement, even the test
+    /// for them, is passed over and reported as Failed.
     static Status Delete(const QString& code);
 };
 

@@ -11,7 +11,6 @@ namespace talvora {
 /// The one look of the program. Lengths are device-independent pixels and go with the display's scale.
 namespace theme {
 
-inline constexpr int Unit = 8;  ///< spacings and margins are multiples of it
 inline constexpr int RowHeight = 30;
 
 inline constexpr QColor Accent{0x1f, 0x5f, 0xbf};

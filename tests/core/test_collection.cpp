@@ -1,5 +1,6 @@
 #include "core/collection.h"
 #include "core/trimmed_text.h"
+#include "support/error_of.h"
 
 #include <gtest/gtest.h>
 
@@ -19,16 +20,6 @@ struct Coded {
     TrimmedText Code;
 };
 using CodedItems = Collection<Coded, TextKey<&Coded::Code>>;
-
-template <class Work>
-int errorOf(Work&& work) {
-    try {
-        work();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-}
 
 NumberedItems numbered(const QList<qint16>& ids) {
     NumberedItems items;
@@ -83,14 +74,18 @@ TEST(CollectionTest, RemovalMovesTheLaterItemsUp) {
     EXPECT_EQ(order(items), u"3 6 back"_s);
 }
 
-TEST(CollectionTest, HeldItemOutlivesClear) {
-    NumberedItems items = numbered({3});
-    const auto held = items.Item(1);
+TEST(CollectionTest, KeysAreThoseOfTheTimeOfAdding) {
+    NumberedItems items = numbered({3, 4, 5});
+    items.Item(3)->ID = 8;
+    items.Item(1)->ID = 9;
+    items.Remove(1);
+    EXPECT_EQ(items.Item(u"a5"_s), items.Item(2));
+    for (const QString& key : {u"a3"_s, u"a8"_s, u"a9"_s}) {
+        EXPECT_EQ(errorOf([&] { items.Item(key); }), errors::InvalidCall) << key.toStdString();
+    }
     items.Clear();
     EXPECT_EQ(items.Count(), 0);
-    EXPECT_EQ(held->ID, 3);
-    items.Add(held);
-    EXPECT_EQ(items.Item(u"a3"_s), held);
+    EXPECT_EQ(errorOf([&] { items.Item(u"a5"_s); }), errors::InvalidCall);
 }
 
 TEST(CollectionTest, TextKeysGoWithoutRegardToCase) {

@@ -9,11 +9,6 @@ namespace {
 
 class DataRoutinesTest : public DatabaseTest {
  protected:
-    static void addTypes(const QStringList& codes) {
-        for (const QString& code : codes) {
-            cnnPublic.Execute(u"insert into TestingType (TestingType,TypeCode) values ('x','"_s + code + u"')"_s);
-        }
-    }
     static void addQuery(const QString& name) {
         cnnPublic.Execute(u"insert into Query (Query,Condition) values ('"_s + name + u"','')"_s);
     }
@@ -24,39 +19,30 @@ TEST_P(DataRoutinesTest, NewIdFollowsTheGreatestPresent) {
     EXPECT_EQ(GetNewID(u"Query"_s, u"QueryID"_s), 1);
     addQuery(u"a"_s);
     addQuery(u"b"_s);
-    const qint32 greatest = rowsOf(u"select max(QueryID) from Query"_s).toInt();
+    const qint32 greatest = numberOf(u"select max(QueryID) from Query"_s);
     EXPECT_EQ(GetNewID(u"query"_s, u"queryid"_s), greatest + 1);
     cnnPublic.Execute(u"delete from Query where Query='b'"_s);
     EXPECT_EQ(GetNewID(u"Query"_s, u"QueryID"_s), greatest);
     EXPECT_THROW(GetNewID(u"NoTable"_s, u"ID"_s), DatabaseError);
 }
 
-TEST_P(DataRoutinesTest, IdExistsWithOneRowOrMore) {
+TEST_P(DataRoutinesTest, NameExistsWithOneRowAndAnIdWithOneOrMore) {
+    const auto exists = [](const QString& exceptId) {
+        return IsExistName(u"Query"_s, u"Query"_s, u"本科"_s, exceptId.isEmpty() ? QString() : u"QueryID"_s, exceptId);
+    };
+    EXPECT_FALSE(exists({}));
+    addQuery(u"本科"_s);
+    const qint16 id = numberOf(u"select QueryID from Query"_s);
+    EXPECT_TRUE(IsExistID(u"Query"_s, u"QueryID"_s, id));
+    EXPECT_TRUE(exists({}));
+    EXPECT_FALSE(exists(QString::number(id))) << "the row being edited";
+    addQuery(u"本科"_s);
+    EXPECT_FALSE(exists({})) << "two rows already share it";
+    EXPECT_TRUE(exists(QString::number(id)));
     cnnPublic.Execute(u"insert into UserRole (UserID,RoleID) values (3,70)"_s);
-    EXPECT_TRUE(IsExistID(u"UserRole"_s, u"RoleID"_s, 70));
     cnnPublic.Execute(u"insert into UserRole (UserID,RoleID) values (4,70)"_s);
     EXPECT_TRUE(IsExistID(u"UserRole"_s, u"RoleID"_s, 70));
     EXPECT_FALSE(IsExistID(u"UserRole"_s, u"RoleID"_s, 71));
-}
-
-TEST_P(DataRoutinesTest, NameExistsWithExactlyOneRow) {
-    const auto exists = [](const QString& name) {
-        return IsExistName(u"Query"_s, u"Query"_s, name, QString(), u"0"_s);
-    };
-    EXPECT_FALSE(exists(u"本科"_s));
-    addQuery(u"本科"_s);
-    EXPECT_TRUE(exists(u"本科"_s));
-    addQuery(u"本科"_s);
-    EXPECT_FALSE(exists(u"本科"_s)) << "two rows already share it";
-    EXPECT_THROW(exists(u"O'Neil"_s), DatabaseError);
-}
-
-TEST_P(DataRoutinesTest, RowBeingEditedIsLeftOut) {
-    addQuery(u"a"_s);
-    addQuery(u"b"_s);
-    const QString id = rowsOf(u"select QueryID from Query where Query='a'"_s);
-    EXPECT_FALSE(IsExistName(u"Query"_s, u"Query"_s, u"a"_s, u"QueryID"_s, id));
-    EXPECT_TRUE(IsExistName(u"Query"_s, u"Query"_s, u"b"_s, u"QueryID"_s, id));
 }
 
 TEST_P(DataRoutinesTest, TypeCodesRunOn) {
@@ -81,7 +67,9 @@ TEST_P(DataRoutinesTest, TypeCodesRunOn) {
     };
     for (const auto& [present, kind, parent, next] : cases) {
         cnnPublic.Execute(u"delete from TestingType"_s);
-        addTypes(present);
+        for (const QString& code : present) {
+            cnnPublic.Execute(u"insert into TestingType (TestingType,TypeCode) values ('x','%1')"_s.arg(code));
+        }
         EXPECT_EQ(NewTypeCode(kind, parent), next) << present.join(u' ').toStdString();
     }
 }

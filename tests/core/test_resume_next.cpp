@@ -4,22 +4,17 @@
 
 namespace talvora::test {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-TEST(ResumeNextTest, RunsEveryStepAndRemembersTheLastError) {
+TEST(ResumeNextTest, RunsEveryStepAndRemembersAFailure) {
     int run = 0;
     ResumeNext steps;
-    EXPECT_EQ(steps.status(), Status::Done);
     steps([&] { ++run; });
-    steps([&] { throw RuntimeError(errors::Overflow); });
-    steps([&] { throw DatabaseError(208, u"missing table"_s, u"42S02"_s); });
+    EXPECT_EQ(steps.status(), Status::Done);
+    steps([] { throw DatabaseError(0, QStringLiteral("an error without a number is still one"), QString()); });
     steps([&] { ++run; });
     EXPECT_EQ(run, 2);
-    EXPECT_EQ(steps.errorNumber(), 208);
-    steps([] { throw DatabaseError(0, u"link lost"_s, u"08S01"_s); });
-    EXPECT_EQ(steps.status(), Status::Failed) << "an error without a number is still one";
+    EXPECT_EQ(steps.status(), Status::Failed);
 }
 
 }  // namespace

@@ -100,6 +100,10 @@ QString rowsOf(const QString& statement) {
     return lines.join(u'\n');
 }
 
+qint16 numberOf(const QString& statement) {
+    return static_cast<qint16>(cnnPublic.Execute(statement).first().number32(0));
+}
+
 void commitWhatIsOpen() {
     cnnPublic.BeginTrans();
     cnnPublic.CommitTrans();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/mdlpublic.h"
+#include "core/status.h"
 #include "platform/runtime_error.h"
 
 #include <QString>
@@ -62,18 +63,42 @@ QStringList statementsOf(Work&& work, qsizetype failing = 0) {
     return sent;
 }
 
-/// Refuses each statement of `work` in turn, as many as there are lines in `expected`, each time after `prepare`, and
-/// compares what `left` gives of the statements sent and the tables as they then are. A transaction that was left open
-/// is committed before, as the program's next one would do it.
+/// What an operation does when one of its statements fails.
+enum class OnError { Stops, Throws, RollsBack, GoesOn };
+
+/// Refuses each statement of `work` in turn, each time after `prepare`, and compares what `left` gives of the tables
+/// with the parts of `expected` (parted by ", "), which has one for each statement of the undisturbed series. A
+/// transaction that was left open is committed before, as the program's next one would do it.
 template <class Prepare, class Work, class Left>
-void failEachStatement(const QStringList& expected, Prepare&& prepare, Work&& work, Left&& left) {
-    for (qsizetype failing = 1; failing <= expected.size(); ++failing) {
+void failEachStatement(OnError onError, const QString& expected, Prepare&& prepare, Work&& work, Left&& left) {
+    const QStringList parts = expected.split(QStringLiteral(", "));
+    prepare();
+    EXPECT_EQ(statementsOf([&] { EXPECT_EQ(work(), Status::Done); }).size(), parts.size());
+    for (qsizetype failing = 1; failing <= parts.size(); ++failing) {
+        SCOPED_TRACE(failing);
         prepare();
-        const QStringList sent = statementsOf(work, failing);
+        const auto failed = [&] { EXPECT_EQ(work(), Status::Failed); };
+        const QStringList sent = onError == OnError::Throws
+                                     ? statementsOf([&] { EXPECT_THROW(work(), DatabaseError); }, failing)
+                                     : statementsOf(failed, failing);
+        if (onError == OnError::Stops || onError == OnError::Throws) {
+            EXPECT_EQ(sent.size(), failing);
+        }
+        // Where nothing was opened there is nothing to roll back.
+        EXPECT_EQ(sent.contains(QStringLiteral("rollback transaction")), onError == OnError::RollsBack && failing > 2);
         commitWhatIsOpen();
-        EXPECT_EQ(left(sent), expected[failing - 1]) << "statement " << failing;
+        EXPECT_EQ(left(), parts[failing - 1]);
     }
 }
+
+/// The statements of an operation that succeeds, one a line.
+template <class Work>
+QString sentBy(Work&& work) {
+    return statementsOf([&] { EXPECT_EQ(work(), Status::Done); }).join(u'\n');
+}
+
+/// The key, or another number, that a query finds.
+qint16 numberOf(const QString& statement);
 
 /// How many rows the tables hold, "2 0" for instance.
 QString rowCounts(const QStringList& tables);
