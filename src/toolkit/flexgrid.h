@@ -32,36 +32,26 @@ class FlexGrid : public QTableView {
     ~FlexGrid() override;
 
     /// Rows with the header rows. Growing adds empty rows; setRows(FixedRows()) empties the grid and keeps the header.
-    int Rows() const;
+    int Rows() const { return model_->rows(); }
     void setRows(int count);
-    int Cols() const;
+    int Cols() const { return model_->cols(); }
     void setCols(int count);
     /// Header rows, at least 1; all of them stay in view. Changing the number empties the grid.
-    int FixedRows() const;
+    int FixedRows() const { return model_->fixedRows(); }
     void setFixedRows(int count);
-    /// Columns at the left that are shaded like a header and stay in view.
-    int FixedCols() const;
-    void setFixedCols(int count);
-    /// Columns at the left that stay in view, beside the fixed ones.
-    int FrozenCols() const;
+    /// Columns at the left that stay in view when the grid scrolls.
     void setFrozenCols(int count);
 
     /// Sets the titles of row 0, separated by "|", and each column's width by its title, blanks included. A grid of
     /// fewer columns gets more. A width that the user has dragged under the same title stays.
     void setFormatString(const QString& titles);
-    QString FormatString() const;
 
     bool ColHidden(int col) const;
     void setColHidden(int col, bool hidden);
     /// Where the column's texts and its title stand. The default is left, centred in height.
-    GridAlign ColAlignment(int col) const;
     void setColAlignment(int col, GridAlign align);
-    GridDataType ColDataType(int col) const;
     void setColDataType(int col, GridDataType type);
-    /// A width in device-independent pixels. columnWidth(col) reads it.
-    void setColWidth(int col, int pixels);
     /// Texts of this column are broken into lines, and rows are as high as they need.
-    bool ColWordWrap(int col) const;
     void setColWordWrap(int col, bool wrap);
     /// The column that takes the width left over. By default, -1, the last one does if its texts stand left.
     void setStretchCol(int col);
@@ -72,56 +62,46 @@ class FlexGrid : public QTableView {
     /// new last row after the last.
     void RemoveItem(int row);
 
-    QString TextMatrix(int row, int col) const;
+    QString TextMatrix(int row, int col) const { return model_->text(row, col); }
     void setTextMatrix(int row, int col, const QString& text);
     /// A text that a row carries unseen. It moves with its row.
-    QString RowData(int row) const;
+    QString RowData(int row) const { return model_->row(row).data; }
     void setRowData(int row, const QString& text);
 
     /// Colours, faces and pictures of cells. An invalid colour or a null picture gives the cell its own look back.
-    QColor CellBackColor(int row, int col) const;
-    void setCellBackColor(int row, int col, const QColor& color);
+    QColor CellBackColor(int row, int col) const { return model_->format(row, col).back; }
     void setCellBackColor(const GridRange& cells, const QColor& color);
-    QColor CellForeColor(int row, int col) const;
-    void setCellForeColor(int row, int col, const QColor& color);
+    QColor CellForeColor(int row, int col) const { return model_->format(row, col).fore; }
     void setCellForeColor(const GridRange& cells, const QColor& color);
-    bool CellFontBold(int row, int col) const;
+    bool CellFontBold(int row, int col) const { return model_->format(row, col).bold; }
     void setCellFontBold(int row, int col, bool bold);
-    void setCellFontBold(const GridRange& cells, bool bold);
-    GridAlign CellAlignment(int row, int col) const;
+    GridAlign CellAlignment(int row, int col) const { return model_->align(row, col); }
     void setCellAlignment(int row, int col, GridAlign align);
-    void setCellAlignment(const GridRange& cells, GridAlign align);
     /// The picture before the text; isNull() when there is none. Two are the same picture when their cacheKey() is.
-    QIcon CellPicture(int row, int col) const;
+    QIcon CellPicture(int row, int col) const { return model_->format(row, col).picture; }
     void setCellPicture(int row, int col, const QIcon& picture);
-    void setCellPicture(const GridRange& cells, const QIcon& picture);
 
     /// A node of the outline. It folds the rows up to the next node of its own level or a lower one.
-    bool IsSubtotal(int row) const;
+    bool IsSubtotal(int row) const { return model_->row(row).node; }
     void setIsSubtotal(int row, bool node);
-    int RowOutlineLevel(int row) const;
+    int RowOutlineLevel(int row) const { return model_->row(row).level; }
     void setRowOutlineLevel(int row, int level);
-    GridOutlineBar OutlineBar() const;
     void setOutlineBar(GridOutlineBar bar);
-    int OutlineCol() const;
     void setOutlineCol(int col);
-    GridSubtotalPosition SubtotalPosition() const;
     void setSubtotalPosition(GridSubtotalPosition position);
     /// Opens the nodes of levels below `level` and folds the others. Rows that come later start open.
     void Outline(int level);
-    bool IsCollapsed(int row) const;
+    bool IsCollapsed(int row) const { return model_->row(row).collapsed; }
     void setIsCollapsed(int row, bool collapsed);
 
-    GridMerge MergeCells() const;
     void setMergeCells(GridMerge merge);
+    /// Of a header row.
     void setMergeRow(int row, bool merge);
     void setMergeCol(int col, bool merge);
 
     /// The current row: -1 when there is none, 0 after a click on the header. Filling a grid makes no row current.
     int Row() const;
     int Col() const;
-    void setRow(int row);
-    void setCol(int col);
     /// Makes (row, col) current, brings it into view and selects up to (rowSel, colSel), by default the cell alone.
     /// Where whole rows are selected, that means the rows. A row under a folded node is opened up to. A header row
     /// becomes current with nothing selected.
@@ -199,7 +179,6 @@ class FlexGrid : public QTableView {
     std::vector<int> widths_;
     GridOutlineBar outlineBar_ = GridOutlineBar::None;
     int outlineCol_ = 0;
-    int fixedCols_ = 0;
     int frozenCols_ = 0;
     int stretchCol_ = -1;
     int headerCol_ = -1;

@@ -18,14 +18,6 @@ int FlexGrid::Col() const {
     return headerCol_ >= 0 ? headerCol_ : currentIndex().column();
 }
 
-void FlexGrid::setRow(int row) {
-    Select(row, std::max(Col(), firstVisibleCol()));
-}
-
-void FlexGrid::setCol(int col) {
-    Select(Row(), col);
-}
-
 int FlexGrid::firstVisibleCol() const {
     int col = 0;
     while (col < Cols() - 1 && isColumnHidden(col)) {

@@ -93,10 +93,7 @@ GridDelegate::Content GridDelegate::contentOf(const QStyleOptionViewItem& option
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     painter->save();
     const QVariant back = index.data(Qt::BackgroundRole);
-    QColor ground = index.column() < fixedCols ? theme::Header : theme::Surface;
-    if (back.isValid()) {
-        ground = back.value<QColor>();
-    }
+    const QColor ground = back.isValid() ? back.value<QColor>() : theme::Surface;
     painter->fillRect(option.rect, option.state & QStyle::State_Selected ? grid::selected(ground) : ground);
     grid::lineBelow(*painter, option.rect, theme::Line);
     if (columnLines) {

@@ -15,10 +15,9 @@ class GridDelegate : public QStyledItemDelegate {
  public:
     GridDelegate(const GridModel& model, QObject* parent);
 
-    // What the grid tells: the column that carries the tree or -1, shaded columns at the left, columns of broken
-    // texts, and whether columns are parted by lines.
+    // What the grid tells: the column that carries the tree or -1, columns of broken texts, and whether columns are
+    // parted by lines.
     int outlineCol = -1;
-    int fixedCols = 0;
     std::vector<bool> wrapped;
     bool columnLines = false;
 

@@ -21,11 +21,6 @@ void GridHeader::setStaying(int columns, int width) {
     viewport()->update();
 }
 
-int GridHeader::columnAt(int x) const {
-    // Scrolled titles lie under those that stay; without the offset the place counts from the first column.
-    return logicalIndexAt(x < stayingWidth_ ? x - offset() : x);
-}
-
 void GridHeader::paintEvent(QPaintEvent* event) {
     QHeaderView::paintEvent(event);
     QPainter painter(viewport());
@@ -105,8 +100,8 @@ QSize GridHeader::sectionSizeFromContents(int col) const {
 void GridHeader::mousePressEvent(QMouseEvent* event) {
     const int x = qRound(event->position().x());
     if (offset() > 0 && x < stayingWidth_) {
-        // The press would go to the title underneath.
-        Q_EMIT sectionClicked(columnAt(x));
+        // The press would go to the title underneath. Without the offset the place counts from the first column.
+        Q_EMIT sectionClicked(logicalIndexAt(x - offset()));
         return;
     }
     QHeaderView::mousePressEvent(event);

@@ -17,9 +17,6 @@ class GridHeader : public QHeaderView {
     /// Columns at the left that don't scroll, and the width they take.
     void setStaying(int columns, int width);
 
-    /// The column of which a title stands at `x` in the header.
-    int columnAt(int x) const;
-
  protected:
     void paintEvent(QPaintEvent* event) override;
     void paintSection(QPainter* painter, const QRect& rect, int col) const override;

@@ -23,10 +23,6 @@ void FlexGrid::setFormatString(const QString& titles) {
     }
 }
 
-QString FlexGrid::FormatString() const {
-    return formatString_;
-}
-
 // A blank stands for half a Chinese character, which is how the titles' widths are meant, though few faces draw it so.
 int FlexGrid::widthOfTitle(const QString& title) const {
     QFont face = font();
@@ -48,16 +44,6 @@ void FlexGrid::resizeColumn(int col, int width) {
     later();
 }
 
-void FlexGrid::setColWidth(int col, int pixels) {
-    static_cast<void>(model_->column(col));
-    resizeColumn(col, pixels);
-}
-
-bool FlexGrid::ColWordWrap(int col) const {
-    static_cast<void>(model_->column(col));
-    return delegate_->wraps(col);
-}
-
 void FlexGrid::setColWordWrap(int col, bool wrap) {
     static_cast<void>(model_->column(col));
     auto& wrapped = delegate_->wrapped;
@@ -74,10 +60,6 @@ bool FlexGrid::anyWrap() const {
 void FlexGrid::setStretchCol(int col) {
     stretchCol_ = col;
     later();
-}
-
-GridMerge FlexGrid::MergeCells() const {
-    return merging_.mode;
 }
 
 void FlexGrid::setMergeCells(GridMerge merge) {

@@ -20,35 +20,6 @@ GridRange runAcross(const GridModel& model, int row, int col) {
     return run;
 }
 
-void mergeDown(const GridModel& model, const GridMerging& merging, std::vector<GridRange>& found) {
-    const int rows = model.rowCount();
-    // Rows at which a merging column before this one has begun a new cell.
-    std::vector<bool> breaks(static_cast<std::size_t>(rows));
-    for (int col = 0; col < model.cols(); ++col) {
-        if (!merging.merges(col)) {
-            continue;
-        }
-        int start = 0;
-        QString text = rows > 0 ? model.text(model.gridRow(0), col) : QString();
-        for (int row = 1; row <= rows; ++row) {
-            const QString next = row < rows ? model.text(model.gridRow(row), col) : QString();
-            const bool barred =
-                merging.mode == GridMerge::RestrictColumns && row < rows && breaks[static_cast<std::size_t>(row)];
-            if (row < rows && !barred && !next.isEmpty() && next == text) {
-                continue;
-            }
-            if (row - start > 1) {
-                found.push_back({start, col, row - 1, col});
-            }
-            if (row < rows) {
-                breaks[static_cast<std::size_t>(row)] = true;
-            }
-            start = row;
-            text = next;
-        }
-    }
-}
-
 }  // namespace
 
 GridRange mergedTitle(const GridModel& model, const GridMerging& merging, int row, int col) {
@@ -77,23 +48,30 @@ std::vector<GridRange> mergedCells(const GridModel& model, const GridMerging& me
     if (merging.mode == GridMerge::Never) {
         return found;
     }
-    mergeDown(model, merging, found);
-    for (int row = 0; row < model.rowCount(); ++row) {
-        const int number = model.gridRow(row);
-        if (!model.row(number).merges) {
+    const int rows = model.rowCount();
+    // Rows at which a merging column before this one has begun a new cell.
+    std::vector<bool> breaks(static_cast<std::size_t>(rows));
+    for (int col = 0; col < model.cols(); ++col) {
+        if (!merging.merges(col)) {
             continue;
         }
-        for (int col = 0; col < model.cols();) {
-            // A cell can be merged one way only, and down goes first.
-            GridRange run = runAcross(model, number, col);
-            run.col = col;
-            while (run.col2 > col && merging.merges(run.col2)) {
-                --run.col2;
+        int start = 0;
+        QString text = rows > 0 ? model.text(model.gridRow(0), col) : QString();
+        for (int row = 1; row <= rows; ++row) {
+            const QString next = row < rows ? model.text(model.gridRow(row), col) : QString();
+            const bool barred =
+                merging.mode == GridMerge::RestrictColumns && row < rows && breaks[static_cast<std::size_t>(row)];
+            if (row < rows && !barred && !next.isEmpty() && next == text) {
+                continue;
             }
-            if (run.col2 > col && !merging.merges(col)) {
-                found.push_back({row, col, row, run.col2});
+            if (row - start > 1) {
+                found.push_back({start, col, row - 1, col});
             }
-            col = run.col2 + 1;
+            if (row < rows) {
+                breaks[static_cast<std::size_t>(row)] = true;
+            }
+            start = row;
+            text = next;
         }
     }
     return found;

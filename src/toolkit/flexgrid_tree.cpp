@@ -7,17 +7,9 @@
 
 namespace talvora {
 
-bool FlexGrid::IsSubtotal(int row) const {
-    return model_->row(row).node;
-}
-
 void FlexGrid::setIsSubtotal(int row, bool node) {
     model_->setNode(row, node);
     later();
-}
-
-int FlexGrid::RowOutlineLevel(int row) const {
-    return model_->row(row).level;
 }
 
 void FlexGrid::setRowOutlineLevel(int row, int level) {
@@ -25,26 +17,14 @@ void FlexGrid::setRowOutlineLevel(int row, int level) {
     later();
 }
 
-GridOutlineBar FlexGrid::OutlineBar() const {
-    return outlineBar_;
-}
-
 void FlexGrid::setOutlineBar(GridOutlineBar bar) {
     outlineBar_ = bar;
     later();
 }
 
-int FlexGrid::OutlineCol() const {
-    return outlineCol_;
-}
-
 void FlexGrid::setOutlineCol(int col) {
     outlineCol_ = col;
     later();
-}
-
-GridSubtotalPosition FlexGrid::SubtotalPosition() const {
-    return model_->subtotalPosition();
 }
 
 void FlexGrid::setSubtotalPosition(GridSubtotalPosition position) {
@@ -55,10 +35,6 @@ void FlexGrid::setSubtotalPosition(GridSubtotalPosition position) {
 void FlexGrid::Outline(int level) {
     model_->foldTo(level);
     later();
-}
-
-bool FlexGrid::IsCollapsed(int row) const {
-    return model_->row(row).collapsed;
 }
 
 void FlexGrid::setIsCollapsed(int row, bool collapsed) {

@@ -27,8 +27,8 @@ enum class GridOutlineBar : qint8 { None = 0, CompleteLeaf = 4 };
 enum class GridSubtotalPosition : qint8 { Below = 0, Above = 1 };
 
 /// How equal neighbours become one cell: not at all, wherever they are equal, or down a column only where the columns
-/// before it that merge do so on the same rows. Only rows and columns marked by setMergeRow and setMergeCol take part,
-/// and empty cells never merge.
+/// before it that merge do so on the same rows. Only columns marked by setMergeCol and header rows marked by
+/// setMergeRow take part, and empty cells never merge.
 enum class GridMerge : qint8 { Never = 0, Free = 1, RestrictColumns = 3 };
 
 /// A block of cells, both ends included, in grid row and column numbers.

@@ -32,7 +32,7 @@ void FlexGrid::resizeEvent(QResizeEvent* event) {
 
 // The columns that stay in view. In a grid too narrow to scroll beside them, none do.
 int FlexGrid::stayingColumns() const {
-    const int wanted = std::min(fixedCols_ + frozenCols_, Cols() - 1);
+    const int wanted = std::min(frozenCols_, Cols() - 1);
     if (wanted <= 0) {
         return 0;
     }

@@ -101,7 +101,6 @@ class Form {
 
     friend class FormEvents;
 
-    void place();
     void drop();
     void showWindow(Qt::WindowModality modality);
     void waitUntil(const std::function<bool()>& over);

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <deque>
+#include <string_view>
 #include <vector>
 
 namespace talvora::test {
@@ -19,30 +20,26 @@ namespace talvora::test {
 ///     EXPECT_EQ(script.last().text, u"…"_s);
 class PromptScript : public Prompter {
  public:
-    enum class Kind { Message, Input, OpenFile, SaveFile };
     struct Shown {
-        Kind kind = Kind::Message;
         QString title;
         QString text;
         int style = 0;  ///< of a message
     };
 
-    PromptScript();
+    PromptScript() : before_(setPrompter(this)) {}
     ~PromptScript() override;
 
     /// The next message is answered by `answer`; with `text`, it must say exactly this.
-    PromptScript& expect(MsgBoxResult answer = vbOK, const QString& text = {});
-    /// The next input box is answered by `answer` (empty: cancelled).
-    PromptScript& expectInput(const QString& answer);
-    PromptScript& expectOpenFile(const QString& path);
-    PromptScript& expectSaveFile(const QString& path);
+    PromptScript& expect(MsgBoxResult answer = vbOK, const QString& text = {}) { return push({Message, text, answer}); }
+    /// The next input box or file picker is answered by this text; empty: cancelled.
+    PromptScript& expectInput(const QString& answer) { return push({Input, answer}); }
+    PromptScript& expectOpenFile(const QString& path) { return push({OpenFile, path}); }
+    PromptScript& expectSaveFile(const QString& path) { return push({SaveFile, path}); }
 
     /// What was shown so far, in order.
     const std::vector<Shown>& shown() const { return shown_; }
     /// The last one shown; an empty one when there was none.
     Shown last() const { return shown_.empty() ? Shown() : shown_.back(); }
-    /// The answers not asked for yet.
-    std::size_t left() const { return answers_.size(); }
 
     MsgBoxResult message(const QString& text, int style, const QString& title) override;
     QString input(const QString& prompt, const QString& title, const QString& preset, int maxLength) override;
@@ -50,19 +47,22 @@ class PromptScript : public Prompter {
     QString saveFile(const QString& title, const QString& path, const QString& filter) override;
 
  private:
+    static constexpr std::string_view Message = "message box";
+    static constexpr std::string_view Input = "input box";
+    static constexpr std::string_view OpenFile = "open file picker";
+    static constexpr std::string_view SaveFile = "save file picker";
+
     struct Answer {
-        Kind kind = Kind::Message;
-        MsgBoxResult button = vbOK;
+        std::string_view kind;
         QString text;  ///< the words that a message must have, or what an input box or file picker gives
+        MsgBoxResult button = vbOK;
     };
-    Answer take(const Shown& shown);
+    PromptScript& push(const Answer& answer);
+    Answer take(std::string_view kind, const Shown& shown);
 
     Prompter* before_;
     std::deque<Answer> answers_;
     std::vector<Shown> shown_;
 };
-
-/// In charge where no script is: every prompt fails the test.
-Prompter* refuseEveryPrompt();
 
 }  // namespace talvora::test

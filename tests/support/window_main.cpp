@@ -24,8 +24,7 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(report);
     ::testing::InitGoogleMock(&argc, argv);
     talvora::Application application(argc, argv);
-    talvora::setPrompter(talvora::test::refuseEveryPrompt());
-    const int result = RUN_ALL_TESTS();
-    talvora::setPrompter(nullptr);
-    return result;
+    // In charge where no other script is: every prompt fails the test.
+    talvora::test::PromptScript noAnswers;
+    return RUN_ALL_TESTS();
 }

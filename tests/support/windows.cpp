@@ -1,16 +1,132 @@
 #include "tests/support/windows.h"
 
-#include "tests/support/modal_driver.h"
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QElapsedTimer>
 #include <QRadioButton>
+#include <QSet>
 #include <QTest>
+#include <QThread>
+#include <QTimer>
+
+#include <list>
 
 namespace talvora::test {
 
 namespace {
+
+constexpr int PollMilliseconds = 2;
+constexpr int WatchMilliseconds = 200;
+constexpr int Patience = 15000;
+
+/// Runs the scripts of whenModal, each from the event loop of the modal window it is for, and watches that no modal
+/// window stays open with nobody to deal with it.
+class ModalDriver : public QObject {
+ public:
+    struct Pending {
+        std::function<Form*()> find;
+        std::function<void(Form&)> script;
+        std::string name;
+    };
+
+    static ModalDriver& instance() {
+        static auto* driver = new ModalDriver;  // goes with the application
+        return *driver;
+    }
+
+    void add(Pending pending) {
+        pending_.push_back(std::move(pending));
+        pollSoon();
+    }
+
+    /// Fails the test for each script that did not run, and forgets them.
+    void finish() {
+        for (const Pending& pending : pending_) {
+            ADD_FAILURE() << "The window of the script for " << pending.name << " never came up";
+        }
+        pending_.clear();
+        served_.clear();
+    }
+
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        if (event->type() == QEvent::Hide) {
+            served_.remove(receiver);
+        } else if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) {
+            idle_.restart();
+        }
+        return false;
+    }
+
+ private:
+    ModalDriver() : QObject(qApp) {
+        qApp->installEventFilter(this);
+        idle_.start();
+        auto* watchdog = new QTimer(this);
+        connect(watchdog, &QTimer::timeout, this, &ModalDriver::watch);
+        watchdog->start(WatchMilliseconds);
+    }
+
+    // A chain of single shots and not one timer: a timer is not raised again while its own handler is under way, and
+    // the scripts of nested windows run inside that of the outer one.
+    void pollSoon() {
+        if (!pending_.empty()) {
+            QTimer::singleShot(PollMilliseconds, this, &ModalDriver::poll);
+        }
+    }
+
+    void poll() {
+        for (auto pending = pending_.begin(); pending != pending_.end(); ++pending) {
+            Form* form = pending->find();
+            if (form && !served_.contains(form->window())) {
+                const Pending found = *pending;
+                pending_.erase(pending);
+                pollSoon();
+                run(found, *form);
+                return;
+            }
+        }
+        pollSoon();
+    }
+
+    void run(const Pending& pending, Form& form) {
+        idle_.restart();
+        served_.insert(form.window());
+        try {
+            pending.script(form);
+        } catch (const ProgramEnded&) {
+            return;
+        } catch (const std::exception& error) {
+            ADD_FAILURE() << "The script for " << pending.name << " threw: " << error.what();
+            Form::dropAll();
+        }
+        if (::testing::Test::HasFatalFailure()) {
+            Form::dropAll();
+        }
+    }
+
+    // A test that waits in an event loop with nothing done for so long waits for ever, be the window there or gone.
+    void watch() {
+        if (QThread::currentThread()->loopLevel() == 0) {
+            idle_.restart();
+        }
+        if (idle_.elapsed() < Patience) {
+            return;
+        }
+        idle_.restart();
+        QWidget* modal = QApplication::activeModalWidget();
+        ADD_FAILURE() << "Nobody deals with the window \"" << (modal ? modal->windowTitle().toStdString() : "(none)")
+                      << '"';
+        if (modal) {
+            modal->hide();
+        }
+        Form::dropAll();
+    }
+
+    std::list<Pending> pending_;
+    QSet<const QObject*> served_;  ///< windows whose script has begun, as long as they are up
+    QElapsedTimer idle_;           ///< since the test last did something
+};
 
 // Where a user would hit a check box: on its mark, since the text may be shorter than the control.
 constexpr int MarkOffset = 10;
@@ -46,7 +162,7 @@ WindowTest::~WindowTest() {
 }
 
 void detail::whenModal(std::function<Form*()> find, std::function<void(Form&)> script, const char* name) {
-    ModalDriver::instance().add(std::move(find), std::move(script), name);
+    ModalDriver::instance().add({std::move(find), std::move(script), name});
 }
 
 Form* detail::activeModal() {
@@ -55,7 +171,6 @@ Form* detail::activeModal() {
 }
 
 void click(QAbstractButton* button) {
-    ModalDriver::instance().touch();
     ASSERT_TRUE(reachable(button)) << button->objectName().toStdString() << " cannot be pressed";
     const bool marked = qobject_cast<QCheckBox*>(button) || qobject_cast<QRadioButton*>(button);
     const QPoint place = marked ? QPoint(MarkOffset, button->height() / 2) : button->rect().center();
@@ -63,7 +178,6 @@ void click(QAbstractButton* button) {
 }
 
 void type(QWidget* field, const QString& text) {
-    ModalDriver::instance().touch();
     ASSERT_TRUE(reachable(field)) << field->objectName().toStdString() << " cannot be typed in";
     field->setFocus(Qt::MouseFocusReason);
     for (const QChar character : text) {
@@ -72,16 +186,13 @@ void type(QWidget* field, const QString& text) {
 }
 
 void retype(QWidget* field, const QString& text) {
-    ModalDriver::instance().touch();
-    ASSERT_TRUE(reachable(field)) << field->objectName().toStdString() << " cannot be typed in";
-    field->setFocus(Qt::MouseFocusReason);
+    type(field, {});
     QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(field, Qt::Key_Delete);
     type(field, text);
 }
 
 void press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    ModalDriver::instance().touch();
     QWidget* target = focused();
     ASSERT_NE(target, nullptr) << "no window has the focus";
     QTest::keyClick(target, key, modifiers);
@@ -96,7 +207,6 @@ QWidget* focused() {
 }
 
 void waitFor(const std::function<bool()>& condition, int milliseconds) {
-    ModalDriver::instance().touch();
     ASSERT_TRUE(QTest::qWaitFor(condition, milliseconds)) << "waited in vain";
 }
 

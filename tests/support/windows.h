@@ -1,6 +1,5 @@
 #pragma once
 
-#include "tests/support/printing.h"
 #include "tests/support/prompt_script.h"
 #include "toolkit/form.h"
 
@@ -8,10 +7,16 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <ostream>
 #include <vector>
 
 class QAbstractButton;
 class QWidget;
+
+/// Has a failed comparison show a text as text. It stands where the type's own namespace is, which is how it is found.
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
 
 namespace talvora::test {
 

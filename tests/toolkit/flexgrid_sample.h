@@ -6,8 +6,6 @@
 #include <QCoreApplication>
 #include <QStringList>
 
-#include <vector>
-
 namespace talvora::test {
 
 /// A grid whose model is watched for every rule that views rely on. A breach ends the test program.
@@ -24,21 +22,19 @@ struct WatchedGrid {
             grid.AddItem(row);
         }
     }
-
     void show() {
         grid.show();
         QCoreApplication::processEvents();
     }
-
-    /// The first columns of the rows that are to be seen.
-    QStringList seen() {
+    /// The keys of the rows that are to be seen.
+    QString seen() {
         QStringList texts;
         for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
             if (!grid.CellRect(row, 1).isEmpty()) {
                 texts.append(grid.TextMatrix(row, 0));
             }
         }
-        return texts;
+        return texts.join(QLatin1Char(' '));
     }
 };
 

@@ -1,25 +1,15 @@
-#include "platform/runtime_error.h"
+#include "tests/support/error_of.h"
 #include "toolkit/combobox.h"
 
-#include <QLineEdit>
 #include <QStringList>
 #include <QTest>
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace talvora;
-using ::testing::ElementsAre;
+using talvora::test::errorOf;
 
 namespace {
-
-int errorOf(const std::function<void()>& step) {
-    try {
-        step();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 class ComboBoxTest : public ::testing::Test {
  protected:
@@ -30,25 +20,28 @@ class ComboBoxTest : public ::testing::Test {
         combo.AddItem(u"甲"_s, 1001);
         combo.AddItem(u"|-乙"_s, 2001002);
         combo.AddItem(u"|-丙"_s);
+        combo.show();
     }
 
     ComboBox combo;
     QStringList clicks;
 };
 
-TEST_F(ComboBoxTest, NothingIsSelectedByFilling) {
-    fill();
-    combo.show();
-    EXPECT_EQ(combo.ListIndex(), -1);
-    EXPECT_EQ(combo.text(), QString());
-    EXPECT_EQ(combo.ItemData(1), 2001002);
-    EXPECT_EQ(combo.ItemData(2), 0);
-    EXPECT_THAT(clicks, ElementsAre());
+TEST_F(ComboBoxTest, NothingIsSelectedByFillingOrByClearing) {
+    for (int round = 0; round < 2; ++round) {
+        fill();
+        EXPECT_EQ(combo.ListIndex(), -1);
+        EXPECT_EQ(combo.text(), QString());
+        combo.setListIndex(0);
+        combo.Clear();
+        EXPECT_EQ(combo.ListIndex(), -1);
+        EXPECT_EQ(combo.text(), QString());
+    }
+    EXPECT_EQ(clicks, QStringList({u"甲"_s, u"甲"_s}));
 }
 
 TEST_F(ComboBoxTest, ClickIsTheSameFromCodeAndFromTheUser) {
     fill();
-    combo.show();
     combo.setListIndex(1);
     EXPECT_EQ(combo.ItemData(), 2001002);
     QTest::keyClick(&combo, Qt::Key_Down);
@@ -74,45 +67,25 @@ TEST_F(ComboBoxTest, ClickRunsWithinTheSelectingStatement) {
     EXPECT_EQ(dependent.text(), u"|-丙1"_s);
 }
 
-TEST_F(ComboBoxTest, ClearIsQuiet) {
-    fill();
-    combo.setListIndex(0);
-    combo.Clear();
-    EXPECT_EQ(combo.ListCount(), 0);
-    EXPECT_EQ(combo.ListIndex(), -1);
-    EXPECT_EQ(combo.text(), QString());
-    fill();
-    EXPECT_EQ(combo.ListIndex(), -1) << "selected by itself when filled again";
-    EXPECT_THAT(clicks, ElementsAre(u"甲"_s));
-}
-
-TEST_F(ComboBoxTest, WrongPositionsAreErrors) {
+TEST_F(ComboBoxTest, WrongPositionsAndForeignTextAreErrors) {
     fill();
     EXPECT_EQ(errorOf([&] { combo.setListIndex(3); }), 380);
     EXPECT_EQ(errorOf([&] { combo.setListIndex(-2); }), 380);
     EXPECT_EQ(errorOf([&] { combo.ItemData(); }), 381);
     EXPECT_EQ(errorOf([&] { combo.List(3); }), 381);
-    EXPECT_EQ(combo.List(2), u"|-丙"_s);
-}
-
-TEST_F(ComboBoxTest, ListOnlyRefusesForeignText) {
-    fill();
     combo.setText(u"|-丙"_s);
-    EXPECT_EQ(combo.ListIndex(), 2);
     EXPECT_EQ(errorOf([&] { combo.setText(u"丁"_s); }), 383);
     EXPECT_EQ(combo.ListIndex(), 2) << "a refused text changes nothing";
     combo.setText({});
     EXPECT_EQ(combo.ListIndex(), -1);
-    EXPECT_THAT(clicks, ElementsAre(u"|-丙"_s));
+    EXPECT_EQ(clicks, QStringList({u"|-丙"_s}));
 }
 
 TEST_F(ComboBoxTest, FreeTypingStandsBesideTheList) {
     combo.setEditable(true);
     fill();
-    combo.show();
     EXPECT_EQ(combo.text(), QString());
     QTest::keyClicks(&combo, u"2"_s);
-    EXPECT_EQ(combo.text(), u"2"_s);
     combo.AddItem(u"2000~4000"_s);
     EXPECT_EQ(combo.text(), u"2"_s) << "an item added must not touch what was typed, nor complete it";
     combo.setListIndex(0);
@@ -128,7 +101,7 @@ TEST_F(ComboBoxTest, FreeTypingStandsBesideTheList) {
     EXPECT_EQ(combo.ListCount(), 4) << "what was typed must not become an item";
     combo.Clear();
     EXPECT_EQ(combo.text(), QString());
-    EXPECT_THAT(clicks, ElementsAre(u"甲"_s, u"甲"_s));
+    EXPECT_EQ(clicks, QStringList({u"甲"_s, u"甲"_s}));
 }
 
 }  // namespace

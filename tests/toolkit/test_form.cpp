@@ -1,3 +1,4 @@
+#include "tests/support/error_of.h"
 #include "tests/support/windows.h"
 #include "tests/toolkit/frmsample.h"
 #include "toolkit/quotes.h"
@@ -19,50 +20,28 @@ class FormTest : public WindowTest {
     frmSample& form = frmSample::Default();
 };
 
-TEST_F(FormTest, FieldsOutliveTheControls) {
+TEST_F(FormTest, FieldsOutliveTheControlsWhichAHiddenFormKeeps) {
     form.NameOf = u"张三"_s;
-    whenModal<frmSample>([](frmSample& w) {
-        type(w.ui->txtName, w.NameOf);
-        w.NameOf = w.ui->txtName->text() + u"丰"_s;
-        click(w.ui->cmdClose);
-    });
-    form.ShowModal();
-    EXPECT_FALSE(form.isLoaded());
-    EXPECT_EQ(form.NameOf, u"张三丰"_s);
-    EXPECT_THAT(form.events, ElementsAre(u"load"_s, u"close"_s, u"unload"_s));
-    EXPECT_EQ(&frmSample::Default(), &form);
-
-    // A reference to a control loads the form afresh.
-    EXPECT_EQ(form.ui->txtName->text(), QString());
-    EXPECT_EQ(form.events.back(), u"load"_s);
-    EXPECT_FALSE(form.window()->isVisible());
-}
-
-TEST_F(FormTest, HiddenFormKeepsItsControls) {
     form.atOK = [&] { form.Hide(); };
     whenModal<frmSample>([](frmSample& w) {
-        type(w.ui->txtName, u"李四"_s);
+        type(w.ui->txtName, w.NameOf);
         click(w.ui->cmdOK);
     });
     form.ShowModal();
     EXPECT_TRUE(form.isLoaded());
-    EXPECT_EQ(form.ui->txtName->text(), u"李四"_s);
-    EXPECT_THAT(form.events, ElementsAre(u"load"_s));
-
     // Shown again it is the same window, and its load is not raised a second time.
     whenModal<frmSample>([](frmSample& w) {
-        EXPECT_EQ(w.ui->txtName->text(), u"李四"_s);
-        click(w.ui->cmdOK);
+        w.NameOf = w.ui->txtName->text() + u"丰"_s;
+        w.window()->close();
     });
     form.ShowModal();
-    EXPECT_THAT(form.events, ElementsAre(u"load"_s));
-}
-
-TEST_F(FormTest, CloseBoxUnloads) {
-    whenModal<frmSample>([](frmSample& w) { w.window()->close(); });
-    form.ShowModal();
     EXPECT_FALSE(form.isLoaded());
+    EXPECT_EQ(form.NameOf, u"张三丰"_s);
     EXPECT_THAT(form.events, ElementsAre(u"load"_s, u"unload"_s));
+    // A reference to a control loads the form afresh.
+    EXPECT_EQ(form.ui->txtName->text(), QString());
+    EXPECT_EQ(form.events.back(), u"load"_s);
+    EXPECT_FALSE(form.window()->isVisible());
 }
 
 // The login window hides itself and runs the whole assessment before its own caller goes on.
@@ -101,23 +80,14 @@ TEST_F(FormTest, ModalWindowsNest) {
     EXPECT_THAT(Form::loaded(), ElementsAre());
 }
 
-TEST_F(FormTest, CannotBeShownTwice) {
-    form.Show();
-    try {
-        form.ShowModal();
-        FAIL() << "shown twice";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.number(), 400);
-    }
-}
-
-TEST_F(FormTest, FailedLoadLeavesNothingLoaded) {
+TEST_F(FormTest, RefusesASecondShowingAndAFailedLoad) {
     form.atLoad = [] { throw RuntimeError(errors::TypeMismatch); };
-    EXPECT_THROW(form.ShowModal(), RuntimeError);
+    EXPECT_EQ(errorOf([&] { form.ShowModal(); }), errors::TypeMismatch);
     EXPECT_FALSE(form.isLoaded());
     form.atLoad = [] {};
-    form.Load();
+    form.Show();
     EXPECT_THAT(form.events, ElementsAre(u"load"_s, u"load"_s));
+    EXPECT_EQ(errorOf([&] { form.ShowModal(); }), 400);
 }
 
 TEST_F(FormTest, NoHandlerRunsAfterUnload) {
@@ -165,18 +135,11 @@ TEST_F(FormTest, EscapePressesTheCancelButtonAlone) {
     EXPECT_THAT(form.events, ElementsAre(u"load"_s, u"close"_s, u"unload"_s));
 }
 
-TEST_F(FormTest, WarningPutsTheFocusOnTheField) {
+TEST_F(FormTest, LooksAndWarnsAsEveryWindowDoes) {
+    form.Load();
+    form.window()->resize(4000, 3000);
     form.Show();
-    PromptScript script;
-    script.expect(vbOK, u"［薪资范围］输入不合法，请重新输入！"_s);
-    form.warn(u"［薪资范围］输入不合法，请重新输入！"_s, form.ui->cmbSalary);
-    EXPECT_EQ(script.last().style, 48);
-    EXPECT_EQ(script.last().title, u"Talvora 1.3 Build 201000905"_s);
-    EXPECT_EQ(focused(), form.ui->cmbSalary);
-}
-
-TEST_F(FormTest, RequiredFieldsAreYellowAndSaySo) {
-    form.Show();
+    EXPECT_TRUE(form.window()->screen()->availableGeometry().contains(form.window()->geometry()));
     EXPECT_EQ(form.ui->txtName->toolTip(), u"淡黄背景表示必填项"_s);
     EXPECT_EQ(form.ui->cmbSex->toolTip(), QString());
     const auto colour = [](QWidget* field) {
@@ -185,13 +148,11 @@ TEST_F(FormTest, RequiredFieldsAreYellowAndSaySo) {
     };
     EXPECT_LT(colour(form.ui->txtName).blue(), 230);
     EXPECT_EQ(colour(form.ui->cmbSalary), QColor(Qt::white));
-}
-
-TEST_F(FormTest, FitsItsScreen) {
-    form.Load();
-    form.window()->resize(4000, 3000);
-    form.Show();
-    EXPECT_TRUE(form.window()->screen()->availableGeometry().contains(form.window()->geometry()));
+    PromptScript script;
+    script.expect(vbOK, u"［薪资范围］输入不合法，请重新输入！"_s);
+    form.warn(u"［薪资范围］输入不合法，请重新输入！"_s, form.ui->cmbSalary);
+    EXPECT_EQ(script.last().style, 48);
+    EXPECT_EQ(focused(), form.ui->cmbSalary);
 }
 
 TEST_F(FormTest, ErrorThatLeavesAHandlerEndsTheProgram) {
@@ -217,48 +178,38 @@ TEST_F(FormTest, ErrorThatLeavesAHandlerEndsTheProgram) {
     EXPECT_THAT(form.events, ElementsAre(u"load"_s)) << "no unload is raised";
 }
 
-TEST_F(FormTest, TimerErrorsReachTheLastResortToo) {
-    form.Show();
-    PromptScript script;
-    script.expect();
-    form.atOK = [] { throw DatabaseError(208, u"对象名 'Testing' 无效。"_s, u"42S02"_s); };
-    form.Timer1->start(1);
-    waitFor([&] { return !programEnds().empty(); });
-    EXPECT_EQ(script.last().text, u"实时错误 '208':\n\n对象名 'Testing' 无效。"_s);
-}
-
-TEST_F(FormTest, ErrorOutsideAnyHandlerIsCaughtByTheSecondNet) {
+TEST_F(FormTest, ErrorsOfTimersAndOutsideAnyHandlerAreCaught) {
     struct Thrower : QObject {
         bool event(QEvent*) override { throw RuntimeError(errors::InvalidUseOfNull); }
     } thrower;
+    form.Show();
     PromptScript script;
-    script.expect(vbOK, u"实时错误 '94':\n\n无效使用 Null"_s);
+    script.expect(vbOK, u"实时错误 '208':\n\n对象名 'Testing' 无效。"_s)
+        .expect(vbOK, u"实时错误 '94':\n\n无效使用 Null"_s);
+    form.atOK = [] { throw DatabaseError(208, u"对象名 'Testing' 无效。"_s, u"42S02"_s); };
+    form.Timer1->start(1);
+    waitFor([&] { return !programEnds().empty(); });
     QEvent event(QEvent::User);
     EXPECT_FALSE(QCoreApplication::sendEvent(&thrower, &event));
-    EXPECT_THAT(programEnds(), ElementsAre(ProgramEnd::Failed));
+    EXPECT_THAT(programEnds(), ElementsAre(ProgramEnd::Failed, ProgramEnd::Failed));
 }
 
 TEST_F(FormTest, NoHandlerRunsBehindTheErrorBox) {
-    form.Show();
-    struct Watching : Prompter {
+    struct Watching : PromptScript {
         std::function<void()> meanwhile;
         MsgBoxResult message(const QString&, int, const QString&) override {
             meanwhile();
             return vbOK;
         }
-        QString input(const QString&, const QString&, const QString&, int) override { return {}; }
-        QString openFile(const QString&, const QString&, const QString&) override { return {}; }
-        QString saveFile(const QString&, const QString&, const QString&) override { return {}; }
     } watching;
     int runs = 0;
+    form.Show();
     form.atOK = [&] {
         ++runs;
         throw RuntimeError(errors::Overflow);
     };
     watching.meanwhile = [&] { form.ui->cmdOK->click(); };
-    Prompter* before = setPrompter(&watching);
     click(form.ui->cmdOK);
-    setPrompter(before);
     EXPECT_EQ(runs, 1);
     EXPECT_EQ(programEnds().size(), 1U);
 }
@@ -266,33 +217,31 @@ TEST_F(FormTest, NoHandlerRunsBehindTheErrorBox) {
 TEST_F(FormTest, QuotesAreFoundInTextControlsOnly) {
     EXPECT_FALSE(HasQuoteInText(form)) << "not loaded";
     struct Case {
-        const char* what;
         std::function<void()> fill;
         bool found;
     };
     const Case cases[] = {
-        {"empty", [] {}, false},
-        {"line", [&] { form.ui->txtName->setText(u"O'Neil"_s); }, true},
-        {"several lines", [&] { form.ui->txtNote->setPlainText(u"a\n'"_s); }, true},
-        {"full-width", [&] { form.ui->txtName->setText(u"＇‘’"_s); }, false},
-        {"combo box", [&] { form.ui->cmbSalary->setText(u"'"_s); }, false},
-        {"other case",
-         [&] {
+        {[] {}, false},
+        {[&] { form.ui->txtName->setText(u"O'Neil"_s); }, true},
+        {[&] { form.ui->txtNote->setPlainText(u"a\n'"_s); }, true},
+        {[&] { form.ui->txtName->setText(u"＇‘’"_s); }, false},
+        {[&] { form.ui->cmbSalary->setText(u"'"_s); }, false},
+        {[&] {
              form.ui->txtName->setObjectName(u"TxtName"_s);
              form.ui->txtName->setText(u"'"_s);
          },
          false},
-        {"disabled",
-         [&] {
+        {[&] {
              form.ui->txtName->setText(u"'"_s);
              form.ui->txtName->setEnabled(false);
          },
          true},
     };
+    int number = 0;
     for (const Case& one : cases) {
         form.Load();
         one.fill();
-        EXPECT_EQ(HasQuoteInText(form), one.found) << one.what;
+        EXPECT_EQ(HasQuoteInText(form), one.found) << "case " << number++;
         form.Unload();
     }
 }
