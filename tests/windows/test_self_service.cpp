@@ -194,6 +194,7 @@ TEST_F(SelfService, ClosingTheWindowStoresNothing) {
 // From the login window to the verdict with no mouse: Enter and Tab move on, arrows choose, Space marks.
 TEST_F(SelfService, KeyboardAlone) {
     whenModal<frmLogin>([&](frmLogin& login) {
+        waitFor([&] { return login.window()->isActiveWindow(); });
         login.ui->optType0->setFocus();
         press(Qt::Key_Right);
         waitFor([&] { return focused() == login.ui->txtID; });
@@ -231,7 +232,7 @@ TEST_F(SelfService, KeyboardAlone) {
             down(4);  // the second's B
             EXPECT_EQ(marks(w.ui->fg1), u"CB-"_s);
             press(Qt::Key_Return);
-            ASSERT_EQ(focused(), w.ui->cmdSubmit);
+            ASSERT_EQ(focused()->objectName(), u"cmdSubmit"_s);
             press(Qt::Key_Space);
             EXPECT_TRUE(w.ui->txtTestingResult->toPlainText().contains(u"测评得分：5"_s));
             press(Qt::Key_C, Qt::AltModifier);
