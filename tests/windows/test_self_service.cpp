@@ -235,6 +235,7 @@ TEST_F(SelfService, KeyboardAlone) {
             ASSERT_EQ(focused()->objectName(), u"cmdSubmit"_s);
             press(Qt::Key_Space);
             EXPECT_TRUE(w.ui->txtTestingResult->toPlainText().contains(u"测评得分：5"_s));
+            waitFor([&] { return w.window()->isActiveWindow(); });
             press(Qt::Key_C, Qt::AltModifier);
         });
         press(Qt::Key_Space);
