@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <random>
 
 namespace talvora::test {
 
@@ -54,14 +53,11 @@ class ConnectionFileTest : public ::testing::Test {
 };
 
 TEST_F(ConnectionFileTest, UnscramblingShiftsByPositionAndReverses) {
-    const struct {
-        QString scrambled;
-        QString plain;
-    } cases[] = {{QString(), QString()},
-                 {u"x"_s, QString()},
-                 {u"ABC."_s, u"FDB"_s},
-                 {u"00000000000."_s, u"10987654321"_s},
-                 {u"\u00FFz"_s, u"\u0100"_s}};
+    const QString cases[][2] = {{{}, {}},
+                                {u"x"_s, {}},
+                                {u"ABC."_s, u"FDB"_s},
+                                {u"00000000000."_s, u"10987654321"_s},
+                                {u"\u00FFz"_s, u"\u0100"_s}};
     for (const auto& [scrambled, plain] : cases) {
         EXPECT_EQ(UnscrambleText(scrambled), plain) << scrambled.toStdString();
     }
@@ -140,20 +136,6 @@ TEST_F(ConnectionFileTest, BrokenFilesAreErrors) {
     QFile::remove(path());
     QDir().mkpath(path());
     EXPECT_NE(readingError(), 0) << "a folder";
-}
-
-TEST_F(ConnectionFileTest, RandomBytesNeverCrash) {
-    std::mt19937 random(20100905);
-    writeConnectionFile(path(), {u"服务器"_s, u"测评"_s, u"sa"_s, u"密码"_s});
-    const QByteArray valid = stored();
-    for (int round = 0; round < 600; ++round) {
-        QByteArray bytes = round % 2 == 0 ? valid : QByteArray(static_cast<qsizetype>(1 + random() % 300), '\0');
-        for (qsizetype changes = round % 2 == 0 ? 3 : bytes.size(); changes > 0; --changes) {
-            bytes[static_cast<qsizetype>(random()) % bytes.size()] = static_cast<char>(random());
-        }
-        store(bytes);
-        readingError();
-    }
 }
 
 }  // namespace

@@ -46,31 +46,25 @@ TEST_P(DataRoutinesTest, NameExistsWithOneRowAndAnIdWithOneOrMore) {
 }
 
 TEST_P(DataRoutinesTest, TypeCodesRunOn) {
-    const struct {
-        QStringList present;
-        QString kind;
-        QString parent;
-        QString next;
-    } cases[] = {
-        {{}, u"parent"_s, QString(), u"001"_s},
-        {{u"005"_s, u"002"_s, u"005007"_s}, u"parent"_s, QString(), u"006"_s},
-        {{u"009"_s}, u"parent"_s, QString(), u"0010"_s},
-        {{u"009"_s, u"0010"_s}, u"parent"_s, QString(), u"0010"_s},
-        {{}, u"child"_s, QString(), u"001001"_s},
-        {{u"001"_s, u"001004"_s}, u"child"_s, QString(), u"001005"_s},
-        {{u"003"_s}, u"child"_s, u"003"_s, u"003001"_s},
-        {{u"003007"_s, u"004012"_s}, u"child"_s, u"003"_s, u"003008"_s},
-        {{u"001009"_s}, u"child"_s, u"001"_s, u"001010"_s},
-        {{u"001999"_s}, u"child"_s, u"001"_s, u"002000"_s},
-        {{u"010001"_s}, u"child"_s, u"010"_s, u"0010002"_s},
-        {{u"004012"_s}, u"Parent"_s, u"004"_s, u"004013"_s},
+    const QString cases[][4] = {
+        {{}, u"parent"_s, {}, u"001"_s},
+        {u"005 002 005007"_s, u"parent"_s, {}, u"006"_s},
+        {u"009"_s, u"parent"_s, {}, u"0010"_s},
+        {u"009 0010"_s, u"parent"_s, {}, u"0010"_s},
+        {{}, u"child"_s, {}, u"001001"_s},
+        {u"001 001004"_s, u"child"_s, {}, u"001005"_s},
+        {u"003007 004012"_s, u"child"_s, u"003"_s, u"003008"_s},
+        {u"001009"_s, u"child"_s, u"001"_s, u"001010"_s},
+        {u"001999"_s, u"child"_s, u"001"_s, u"002000"_s},
+        {u"010001"_s, u"child"_s, u"010"_s, u"0010002"_s},
+        {u"004012"_s, u"Parent"_s, u"004"_s, u"004013"_s},
     };
     for (const auto& [present, kind, parent, next] : cases) {
         cnnPublic.Execute(u"delete from TestingType"_s);
-        for (const QString& code : present) {
+        for (const QString& code : present.split(u' ', Qt::SkipEmptyParts)) {
             cnnPublic.Execute(u"insert into TestingType (TestingType,TypeCode) values ('x','%1')"_s.arg(code));
         }
-        EXPECT_EQ(NewTypeCode(kind, parent), next) << present.join(u' ').toStdString();
+        EXPECT_EQ(NewTypeCode(kind, parent), next) << present.toStdString();
     }
 }
 

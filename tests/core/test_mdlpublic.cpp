@@ -1,7 +1,6 @@
 #include "core/connection_file.h"
 #include "core/mdlpublic.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -38,11 +37,6 @@ TEST_F(ConnectServerTest, FalseWhateverTheCause) {
               u"Provider=SQLOLEDB.1;Persist Security Info=True;User ID=;Initial Catalog=;Data Source=;pwd="_s);
     EXPECT_FALSE(connectBy({u"embedded"_s, u"no-such-folder/no.db"_s, {}, {}})) << "no such database";
     EXPECT_FALSE(connectBy({u"127.0.0.1,1"_s, u"db"_s, u"sa"_s, u"pw"_s})) << "nobody listens";
-    QFile file(folder_.filePath(connectionFileName()));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("not scrambled");
-    file.close();
-    EXPECT_FALSE(ConnectServer(folder_.path())) << "a broken file";
 }
 
 }  // namespace

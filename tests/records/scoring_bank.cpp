@@ -87,17 +87,10 @@ Status submit(const cTesting& test, bool isModel, const std::vector<SheetPlan>& 
         item->ExamQuestions = static_cast<qint16>(sheet.letters.size());
         testings.Add(item);
         for (int i = 0; i < sheet.letters.size(); ++i) {
-            auto detail = std::make_shared<cTestingDetail>();
-            detail->ID = details.Count() + 1;
-            detail->ExaminationID = static_cast<qint16>(leadingNumber(sheet.examination));
-            detail->QuestionName = questionName(i + 1);
-            detail->Answer1 = u"答1"_s;
-            detail->Answer2 = u"答2"_s;
-            detail->Answer3 = u"答3"_s;
-            detail->Answer4 = u"答4"_s;
-            detail->Answer5 = u"答5"_s;
-            detail->SelectAnswer = sheet.letters[i] == u'_' ? QString() : QString(sheet.letters[i]);
-            details.Add(detail);
+            details.Add(std::make_shared<cTestingDetail>(
+                cTestingDetail{details.Count() + 1, static_cast<qint16>(leadingNumber(sheet.examination)), 0,
+                               questionName(i + 1), u"答1"_s, u"答2"_s, u"答3"_s, u"答4"_s, u"答5"_s,
+                               sheet.letters[i] == u'_' ? QString() : QString(sheet.letters[i]), 0}));
         }
     }
     return test.AddNew(isModel, testings, details);

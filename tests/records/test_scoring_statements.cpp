@@ -1,11 +1,8 @@
 // The series of statements of cTesting::AddNew and cTesting::Delete: their exact texts, and what is left behind when
 // each of them fails in turn.
 
-#include "core/mdlpublic.h"
 #include "records/scoring_bank.h"
 #include "support/database_fixture.h"
-
-#include <gtest/gtest.h>
 
 namespace talvora::test {
 
@@ -82,8 +79,7 @@ QStringList modelSeries() {
                u"Update TestingResult Set TestingResult.Score = a.Score FROM #TypecodeScore a where "
                "a.typecode=testingresult.typecode and TestingNumber = 1"_s,
                u"Update TestingResult Set TestingResult.score = a.score FROM (SELECT TestingNumber, SUM(score) AS "
-               u"score "
-               "FROM TestingResult WHERE TestingNumber =1 AND len(TypeCode)=3 GROUP BY TestingNumber) a  Where "
+               "score FROM TestingResult WHERE TestingNumber =1 AND len(TypeCode)=3 GROUP BY TestingNumber) a  Where "
                "TestingResult.TestingNumber = a.TestingNumber and TypeCode Is null"_s,
                u"commit transaction"_s};
 }
@@ -113,10 +109,7 @@ class ScoringStatementsTest : public DatabaseTest {
         return all.replace(u"{model}"_s, QString::number(model));
     }
 
-    static QString counts() {
-        return rowsOf(u"select count(*) from TestingResult"_s) + u' ' +
-               rowsOf(u"select count(*) from TestingResultDetail"_s);
-    }
+    static QString counts() { return rowCounts({u"TestingResult"_s, u"TestingResultDetail"_s}); }
 
     /// How many rows the statements have inserted, in the form of counts().
     static QString insertedBy(const QStringList& statements) {
@@ -124,10 +117,7 @@ class ScoringStatementsTest : public DatabaseTest {
             .arg(statements.filter(u"insert into TestingResultDetail"_s).size());
     }
 
-    static void forget() {
-        cnnPublic.Execute(u"delete from TestingResult"_s);
-        cnnPublic.Execute(u"delete from TestingResultDetail"_s);
-    }
+    static void forget() { emptyTables({u"TestingResult"_s, u"TestingResultDetail"_s}); }
 
     int wide = 0;
     int narrow = 0;
@@ -135,14 +125,12 @@ class ScoringStatementsTest : public DatabaseTest {
 };
 TALVORA_ON_EVERY_ENGINE(ScoringStatementsTest);
 
-TEST_P(ScoringStatementsTest, SinglePaperSendsThisSeries) {
-    const QStringList sent = statementsOf([&] { EXPECT_EQ(sitSingle(), Status::Done); });
-    EXPECT_EQ(sent.join(u'\n'), keyed(singleSeries(), wide));
-}
-
-TEST_P(ScoringStatementsTest, ModelSendsThisSeries) {
-    const QStringList sent = statementsOf([&] { EXPECT_EQ(sitModel(), Status::Done); });
-    EXPECT_EQ(sent.join(u'\n'), keyed(modelSeries(), narrow));
+TEST_P(ScoringStatementsTest, PaperAndModelSendTheseSeries) {
+    const QString single = sentBy([&] { return sitSingle(); });
+    EXPECT_EQ(single, keyed(singleSeries(), wide));
+    forget();
+    const QString whole = sentBy([&] { return sitModel(); });
+    EXPECT_EQ(whole, keyed(modelSeries(), narrow));
 }
 
 TEST_P(ScoringStatementsTest, RowWithoutAnswersScoresThePaperHandledLast) {
@@ -161,24 +149,21 @@ TEST_P(ScoringStatementsTest, RowWithoutAnswersScoresThePaperHandledLast) {
 
 TEST_P(ScoringStatementsTest, EachStatementOfAddNewFailsInTurn) {
     for (const bool isModel : {false, true}) {
-        const auto sit = [&] { return isModel ? sitModel() : sitSingle(); };
         const qsizetype length = (isModel ? modelSeries() : singleSeries()).size();
         for (qsizetype failing = 1; failing <= length; ++failing) {
-            SCOPED_TRACE(u"statement %1 of %2"_s.arg(failing).arg(isModel ? u"a model"_s : u"a paper"_s).toStdString());
-            QStringList done = statementsOf([&] { EXPECT_EQ(sit(), Status::Failed); }, failing);
+            SCOPED_TRACE(u"statement %1 of %2"_s.arg(failing).arg(length).toStdString());
+            QStringList done =
+                statementsOf([&] { EXPECT_EQ(isModel ? sitModel() : sitSingle(), Status::Failed); }, failing);
             // The series stops there: no later statement, no commit, no rollback.
             EXPECT_EQ(done.size(), failing);
             done.removeLast();
             EXPECT_EQ(counts(), insertedBy(done));
-
             // What it left open is stored with the next test.
-            const QString left = insertedBy(done);
             if (done.filter(u"#TypecodeScore"_s).size() > 0) {
                 cnnPublic.Execute(u"drop table #TypecodeScore"_s);
             }
-            EXPECT_EQ(sitSingle(), Status::Done);
-            EXPECT_EQ(counts(),
-                      u"%1 %2"_s.arg(left.section(u' ', 0, 0).toInt() + 1).arg(left.section(u' ', 1).toInt() + 2));
+            done += statementsOf([&] { EXPECT_EQ(sitSingle(), Status::Done); });
+            EXPECT_EQ(counts(), insertedBy(done));
             forget();
         }
     }
@@ -188,50 +173,31 @@ TEST_P(ScoringStatementsTest, FailedSeriesCanStillBeTakenBack) {
     statementsOf([&] { EXPECT_EQ(sitSingle(), Status::Failed); }, singleSeries().size());
     EXPECT_EQ(counts(), u"1 2"_s);
     cnnPublic.RollbackTrans();
-    EXPECT_EQ(counts(), u"0 0"_s);
-}
-
-TEST_P(ScoringStatementsTest, QuoteInAValueBreaksTheStatement) {
     EXPECT_EQ(submit(candidate(u"条理性"_s, u"O'Neil"_s), false,
                      {{u"001001"_s, u"条理性"_s, QString::number(wide), u"AB"_s}}),
               Status::Failed);
     EXPECT_EQ(counts(), u"0 0"_s);
 }
 
-TEST_P(ScoringStatementsTest, DeleteSendsThisSeries) {
-    sitSingle();
-    const int row = rowsOf(u"select TestingID from TestingResult"_s).toInt();
-    const QStringList sent = statementsOf([&] { EXPECT_EQ(cTesting::Delete(row), Status::Done); });
-    EXPECT_EQ(sent.join(u'\n'),
+TEST_P(ScoringStatementsTest, DeleteSendsThisSeriesAndGoesOnPastAFailure) {
+    qint16 row = 0;
+    const auto store = [&] {
+        forget();
+        sitSingle();
+        row = numberOf(u"select TestingID from TestingResult"_s);
+    };
+    failEachStatement(
+        OnError::GoesOn, u"0 0, 1 2, 0 2, 1 0, 0 0"_s, store, [&] { return cTesting::Delete(row); }, counts);
+    store();
+    EXPECT_EQ(cTesting::Delete(987654), Status::Failed);
+    EXPECT_EQ(counts(), u"1 2"_s);
+    EXPECT_EQ(sentBy([&] { return cTesting::Delete(row); }),
               u"begin transaction\n"
               "select TestingNumber from TestingResult where testingid=%1\n"
               "delete from TestingResultDetail where TestingID in (select TestingID from TestingResult where "
               "TestingNumber='1')\n"
               "Delete from TestingResult where TestingNumber='1'\n"
               "commit transaction"_s.arg(row));
-    EXPECT_EQ(counts(), u"0 0"_s);
-}
-
-TEST_P(ScoringStatementsTest, DeleteOfAMissingRowFailsAndDeletesNothing) {
-    sitSingle();
-    EXPECT_EQ(cTesting::Delete(987654), Status::Failed);
-    EXPECT_EQ(counts(), u"1 2"_s);
-}
-
-TEST_P(ScoringStatementsTest, DeleteGoesOnPastAFailingStatement) {
-    // What is left of a single paper's family of one row and two answers when each statement fails in turn.
-    const char* const left[] = {"0 0", "1 2", "0 2", "1 0", "0 0"};
-    for (int failing = 1; failing <= 5; ++failing) {
-        sitSingle();
-        const int row = rowsOf(u"select TestingID from TestingResult"_s).toInt();
-        const QStringList sent =
-            statementsOf([&] { EXPECT_EQ(cTesting::Delete(row), Status::Failed) << failing; }, failing);
-        EXPECT_EQ(sent.size(), 5) << failing;
-        EXPECT_EQ(counts(), QString::fromLatin1(left[failing - 1])) << failing;
-        commitWhatIsOpen();
-        EXPECT_EQ(counts(), QString::fromLatin1(left[failing - 1])) << failing;
-        forget();
-    }
 }
 
 }  // namespace

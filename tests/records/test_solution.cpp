@@ -11,9 +11,7 @@ class SolutionTest : public DatabaseTest {
  protected:
     /// A head whose every member is told from the others.
     static cSolution head(const QString& name, qint16 key = 0) {
-        return {key,      name,    u"会计"_s,       u"1.00"_s,       u"au"_s,
-                u"ad"_s,  u"ap"_s, u"2010-01-01"_s, u"2010-01-02"_s, u"2010-01-03"_s,
-                u"note"_s};
+        return {key, name, u"会计"_s, u"1.00"_s, u"au"_s, u"ad"_s, u"ap"_s, u"d1"_s, u"d2"_s, u"d3"_s, u"note"_s};
     }
 
     /// Lines from "code score weight".
@@ -52,16 +50,16 @@ TEST_P(SolutionTest, AddNewAndUpdateSendTheseSeries) {
               u"Select Count(*) from TestingSolution where SolutionName='主管'\n"
               "begin transaction\n"
               "insert into TestingSolution (SolutionName,PostName,Version,Author,Auditing,Approver,WriteDate,"
-              "AuditingDate,ApproverDate,Note) values ('主管','会计','1.00','au','ad','ap','2010-01-01','2010-01-02',"
-              "'2010-01-03','note')\n"
+              "AuditingDate,ApproverDate,Note) values ('主管','会计','1.00','au','ad','ap','d1','d2',"
+              "'d3','note')\n"
               "SELECT MAX(solutionID) FROM testingsolution\n"_s +
                   twoInserts);
     EXPECT_EQ(sentBy([&] { return head(u"经理"_s, key).Update(twoLines()); }),
               u"Select Count(*) from TestingSolution where SolutionName='经理' and SolutionID<>%1\n"
               "begin transaction\n"
               "Update TestingSolution Set SolutionName='经理', PostName='会计', Version='1.00', Author='au', "
-              "Auditing='ad', Approver='ap', WriteDate='2010-01-01', AuditingDate='2010-01-02', "
-              "ApproverDate='2010-01-03', Note='note' where SolutionID=%1\n"
+              "Auditing='ad', Approver='ap', WriteDate='d1', AuditingDate='d2', "
+              "ApproverDate='d3', Note='note' where SolutionID=%1\n"
               "delete from TestingSolutionDetail where SolutionID=%1\n"_s.arg(key) +
                   twoInserts);
 }
@@ -110,7 +108,7 @@ TEST_P(SolutionTest, ModelsComeByNameAndLinesByCode) {
     }
     EXPECT_EQ(names, u"a1.00 b1.00 c "_s);
     const qint16 key = keyOf(u"b"_s);
-    EXPECT_EQ(solutions.Find(key).Item(u"a%1"_s.arg(key))->ApproverDate, u"2010-01-03"_s);
+    EXPECT_EQ(solutions.Find(key).Item(u"a%1"_s.arg(key))->ApproverDate, u"d3"_s);
 
     cDimensions found;
     QStringList texts;
