@@ -40,7 +40,9 @@ void placeWindow(QWidget& window, const QWidget* owner) {
     const QRect room = (owner ? owner->screen() : QGuiApplication::primaryScreen())->availableGeometry();
     window.ensurePolished();
     const bool hasPlace = window.testAttribute(Qt::WA_Moved);
-    const QSize wanted = hasPlace ? window.size() : window.size().expandedTo(window.sizeHint());
+    // Before anyone has sized it, a window has a size that fits no layout.
+    const QSize designed = window.testAttribute(Qt::WA_Resized) ? window.size() : QSize(0, 0);
+    const QSize wanted = hasPlace ? window.size() : designed.expandedTo(window.sizeHint());
     window.resize(wanted.boundedTo(room.size() - FrameAllowance));
     if (hasPlace) {
         return;
