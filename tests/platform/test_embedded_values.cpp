@@ -125,6 +125,8 @@ TEST(EmbeddedValues, Conditions) {
         {u"'a%c' like 'a!%c' escape '!'"_s, u"1"_s},
         {u"'abc' like 'a!%c' escape '!'"_s, {}},
         {u"'d' like '[a-c]'"_s, {}},
+        {u"'[a' like '%[a%'"_s, {}},
+        {u"'￥5'='¥5'"_s, u"1"_s},
         {u"'d' like '[^a-c]'"_s, u"1"_s},
         {u"'x' not like '%y%'"_s, u"1"_s},
         {u"'aaaaaaaaaaaaaaaaaaaaab' like '%a%a%a%a%a%a%a%c'"_s, {}},

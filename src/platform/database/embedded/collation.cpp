@@ -9,7 +9,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace talvora::embedded {
@@ -19,6 +20,12 @@ namespace {
 constexpr std::size_t characters = 0x10000;
 constexpr char16_t ideographicBlank = 0x3000;
 
+/// The signs ￠￡￢￣￤￥￦ in usual width.
+constexpr char16_t wideSignsFirst = 0xFFE0;
+constexpr std::u16string_view wideSigns = u"\u00A2\u00A3\u00AC\u00AF\u00A6\u00A5\u20A9";
+
+/// Letters of one case and signs of one width. Hiragana and katakana stay apart, and so do the widths of katakana:
+/// Chinese texts have neither.
 std::vector<char16_t> buildFolding() {
     constexpr char16_t fullWidthFirst = 0xFF01;
     constexpr char16_t fullWidthLast = 0xFF5E;
@@ -28,6 +35,8 @@ std::vector<char16_t> buildFolding() {
         auto c = static_cast<char16_t>(i);
         if (c >= fullWidthFirst && c <= fullWidthLast) {
             c = static_cast<char16_t>(c - widthDistance);
+        } else if (c >= wideSignsFirst && c < wideSignsFirst + wideSigns.size()) {
+            c = wideSigns[c - wideSignsFirst];
         } else if (c == ideographicBlank) {
             c = u' ';
         }
@@ -53,34 +62,13 @@ bool isHan(char16_t c) {
                        [c](const Range& range) { return c >= range.first && c <= range.last; });
 }
 
-/// The places of all Chinese characters in the order by sound, ties broken by code point so that it is a total order.
-std::vector<std::uint16_t> buildHanRanks() {
-    struct Keyed {
-        QCollatorSortKey key;
-        char16_t character;
-    };
-    const QCollator collator(QLocale(QLocale::Chinese, QLocale::China));
-    std::vector<Keyed> all;
-    for (const Range& range : hanRanges) {
-        for (char32_t c = range.first; c <= range.last; ++c) {
-            const auto character = static_cast<char16_t>(c);
-            all.push_back({collator.sortKey(QString(QChar(character))), character});
-        }
-    }
-    std::sort(all.begin(), all.end(), [](const Keyed& a, const Keyed& b) {
-        const int order = a.key.compare(b.key);
-        return order != 0 ? order < 0 : a.character < b.character;
-    });
-    std::vector<std::uint16_t> ranks(characters, 0);
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        ranks[all[i].character] = static_cast<std::uint16_t>(i);
-    }
-    return ranks;
-}
-
-int hanRank(char16_t c) {
-    static const std::vector<std::uint16_t> ranks = buildHanRanks();
-    return ranks[c];
+/// What orders a Chinese character by its sound. Keys are made as their characters turn up: all of them at once would
+/// hold up the start by a tenth of a second. Sessions may live in several threads.
+const QCollatorSortKey& soundOf(char16_t c) {
+    thread_local const QCollator collator(QLocale(QLocale::Chinese, QLocale::China));
+    thread_local std::unordered_map<char16_t, QCollatorSortKey> keys;
+    const auto known = keys.find(c);
+    return (known != keys.end() ? known : keys.emplace(c, collator.sortKey(QString(QChar(c)))).first)->second;
 }
 
 /// Orders two folded characters that differ.
@@ -88,7 +76,8 @@ int orderOf(char16_t left, char16_t right) {
     const bool leftHan = isHan(left);
     const bool rightHan = isHan(right);
     if (leftHan && rightHan) {
-        return hanRank(left) - hanRank(right);
+        const int order = soundOf(left).compare(soundOf(right));
+        return order != 0 ? order : left - right;
     }
     if (leftHan != rightHan) {
         return leftHan ? 1 : -1;

@@ -43,9 +43,8 @@ Step stepAt(QStringView pattern, qsizetype p, char16_t escape, char16_t c) {
     if (want == u'[') {
         const qsizetype from = pattern.sliced(p + 1).startsWith(u'^') ? p + 3 : p + 2;
         const qsizetype close = from < pattern.size() ? pattern.indexOf(u']', from) : -1;
-        if (close > 0) {
-            return {close - p + 1, setHolds(pattern.sliced(p + 1, close - p - 1), c)};
-        }
+        // A set that is never closed holds nothing.
+        return {close - p + 1, close > 0 && setHolds(pattern.sliced(p + 1, close - p - 1), c)};
     }
     return {1, compareCharacters(want, c) == 0};
 }
