@@ -293,18 +293,24 @@ void addRandomAnswers(test::EmbeddedBank& bank, QRandomGenerator& random) {
     }
 }
 
+QString rescoring(const QString& branches) {
+    return u"update TestingResultDetail set Score=case SelectAnswer %1 end   from ExaminationQuestion a where "
+           "TestingResultDetail.ExaminationID=a.ExaminationID and TestingResultDetail.QuestionName=a.QuestionName and "
+           "TestingResultDetail.ExaminationID=1"_s.arg(branches);
+}
+
 TEST(Embedded, RescoringOnlyWhatChangesGivesTheSameScores) {
-    // The index lets the engine look for the rows that change; without it the statement is run as it stands. A long
-    // history is searched, a short one is not: both lengths are tried.
+    // The index lets the engine look for the rows that change; without it the statement is run as it stands.
     for (const int rounds : {1, 8}) {
         QRandomGenerator random(static_cast<quint32>(rounds));
         test::EmbeddedBank searched;
         test::EmbeddedBank plain;
         plain.session.Execute(u"drop index IX_TestingResultDetail_Answer on TestingResultDetail"_s);
-        for (int q = 0; q < 5; ++q) {
+        // Some questions stand there twice, with other scores.
+        for (int q = 0; q < 8; ++q) {
             const QString question =
                 u"insert into ExaminationQuestion (ExaminationID,QuestionName,Score1,Score2,Score3,Score4) values "
-                "(1,'Q%1',%2,%3,null,%4)"_s.arg(q)
+                "(1,'q%1',%2,%3,null,%4)"_s.arg(q % 5)
                     .arg(random.bounded(4))
                     .arg(random.bounded(4))
                     .arg(random.bounded(4));
@@ -318,15 +324,37 @@ TEST(Embedded, RescoringOnlyWhatChangesGivesTheSameScores) {
         }
         const QString all = u"select ID,Score from TestingResultDetail order by ID"_s;
         ASSERT_EQ(searched.run(all), plain.run(all));
-        for (const QString& otherwise : {u""_s, u"else null"_s, u"else 7"_s}) {
-            const QString rescoring =
-                u"update TestingResultDetail set Score=case SelectAnswer when 'A' then a.Score1 when 'B' then a.Score2 "
-                "when 'C' then a.Score3 when  'D' then a.Score4 %1 end   from ExaminationQuestion a where "
-                "TestingResultDetail.ExaminationID=a.ExaminationID and TestingResultDetail.QuestionName=a.QuestionName "
-                "and TestingResultDetail.ExaminationID=1"_s.arg(otherwise);
-            searched.session.Execute(rescoring);
-            plain.session.Execute(rescoring);
+        for (const QString& otherwise : {u""_s, u"else null"_s, u"else 7"_s, u"else a.Score2"_s}) {
+            const QString statement = rescoring(
+                u"when 'A' then a.Score1 when 'B' then a.Score2 when 'C' then a.Score3 when 'D' then a.Score4 "_s +
+                otherwise);
+            searched.session.Execute(statement);
+            plain.session.Execute(statement);
             EXPECT_EQ(searched.run(all), plain.run(all)) << qPrintable(otherwise);
+        }
+    }
+}
+
+TEST(Embedded, TheFirstOfTwoEqualQuestionsScoresForGood) {
+    for (const bool indexed : {true, false}) {
+        test::EmbeddedBank bank;
+        if (!indexed) {
+            bank.session.Execute(u"drop index IX_TestingResultDetail_Answer on TestingResultDetail"_s);
+        }
+        bank.session.Execute(
+            u"insert into ExaminationQuestion (ExaminationID,QuestionName,Score1,Score2) values (1,'q',5,null),"
+            "(1,'q',1,2),(1,'r',3,4)"_s);
+        for (int test = 1; test <= 3; ++test) {
+            bank.session.Execute(
+                u"insert into TestingResultDetail (TestingID,ExaminationID,QuestionName,SelectAnswer) "
+                "values (%1,1,'q','A'),(%1,1,'q','B'),(%1,1,'r','B')"_s.arg(test));
+            bank.session.Execute(rescoring(u"when 'A' then a.Score1 when 'B' then a.Score2"_s));
+            for (int stored = 1; stored <= test; ++stored) {
+                EXPECT_EQ(
+                    bank.run(u"select Score from TestingResultDetail where TestingID=%1 order by ID"_s.arg(stored)),
+                    u"5\nnull\n4"_s)
+                    << indexed << ", test " << stored << " after " << test;
+            }
         }
     }
 }
@@ -337,15 +365,11 @@ TEST(Embedded, TheFirstOfTwoBranchesForOneAnswerCounts) {
         u"insert into ExaminationQuestion (ExaminationID,QuestionName,Score1,Score2) values (1,'q',5,6)"_s);
     bank.session.Execute(
         u"insert into TestingResultDetail (ExaminationID,QuestionName,SelectAnswer) values (1,'q','A')"_s);
-    const QString statement =
-        u"update TestingResultDetail set Score=case SelectAnswer when 'B' then a.Score2 when '%1' then a.Score1 when "
-        u"'%2' "
-        "then a.Score2 end from ExaminationQuestion a where TestingResultDetail.ExaminationID=a.ExaminationID and "
-        "TestingResultDetail.QuestionName=a.QuestionName and TestingResultDetail.ExaminationID=1"_s;
-    bank.session.Execute(statement.arg(u"A"_s, u"C"_s));
-    EXPECT_EQ(bank.run(u"select Score from TestingResultDetail"_s), u"5"_s);
-    bank.session.Execute(statement.arg(u"ａ"_s, u"A"_s));
-    EXPECT_EQ(bank.run(u"select Score from TestingResultDetail"_s), u"5"_s);
+    const QString branches = u"when 'B' then a.Score2 when '%1' then a.Score1 when '%2' then a.Score2"_s;
+    for (const auto& [first, second] : {std::pair(u"A"_s, u"C"_s), std::pair(u"ａ"_s, u"A"_s)}) {
+        bank.session.Execute(rescoring(branches.arg(first, second)));
+        EXPECT_EQ(bank.run(u"select Score from TestingResultDetail"_s), u"5"_s);
+    }
 }
 
 TEST(ConnectionParts, ReadsTheStringThatTheProgramBuilds) {

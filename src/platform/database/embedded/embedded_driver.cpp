@@ -59,7 +59,6 @@ class EmbeddedDriver : public Driver {
     Translation translate(std::vector<Plan::Structural>& structural);
     Plan prepare(Translation translation, std::vector<Plan::Structural> structural);
     void define(const Translation& translation);
-    SqliteStatement& statementOf(Plan& plan);
     Recordset run(Plan& plan);
     void forgetTables();
     void endTransaction(const char* sql, int missingError, QLatin1StringView word);
@@ -138,41 +137,26 @@ void EmbeddedDriver::define(const Translation& translation) {
 Plan EmbeddedDriver::prepare(Translation translation, std::vector<Plan::Structural> structural) {
     Plan plan;
     plan.prepared = SqliteStatement(file_.handle(), translation.statement);
-    if (!translation.forFewRows.probe.isEmpty()) {
-        plan.probe = SqliteStatement(file_.handle(), translation.forFewRows.probe);
-        plan.preparedForFew = SqliteStatement(file_.handle(), translation.forFewRows.statement);
-    }
     plan.parameters = std::move(translation.parameters);
     plan.columns = std::move(translation.columns);
     plan.structural = std::move(structural);
     return plan;
 }
 
-SqliteStatement& EmbeddedDriver::statementOf(Plan& plan) {
-    if (!plan.probe.handle()) {
-        return plan.prepared;
-    }
-    bindParameters(plan.probe.handle(), plan.parameters, tokens_.literals);
-    const bool many = plan.probe.step();
-    plan.probe.reset();
-    return many ? plan.prepared : plan.preparedForFew;
-}
-
 Recordset EmbeddedDriver::run(Plan& plan) {
-    SqliteStatement& prepared = statementOf(plan);
-    sqlite3_stmt* statement = prepared.handle();
+    sqlite3_stmt* statement = plan.prepared.handle();
     bindParameters(statement, plan.parameters, tokens_.literals);
     Recordset rows;
     for (const QString& name : plan.columns) {
         rows.addColumn(name);
     }
     const int columns = static_cast<int>(plan.columns.size());
-    while (prepared.step()) {
+    while (plan.prepared.step()) {
         for (int i = 0; i < columns; ++i) {
             addCell(rows, statement, i);
         }
     }
-    prepared.reset();
+    plan.prepared.reset();
     return rows;
 }
 

@@ -16,8 +16,6 @@ struct Plan {
     std::vector<Parameter> parameters;
     std::vector<QString> columns;
     SqliteStatement prepared;
-    SqliteStatement probe;  ///< as in ForFewRows; not prepared for most statements
-    SqliteStatement preparedForFew;
     /// The literals that are part of the translated text, with what they said.
     struct Structural {
         int literal;

@@ -154,6 +154,11 @@ void Translator::updateJoined(const Update& update, const CatalogTable& table, s
     if (update.where) {
         conditions += condition(*update.where, scope);
     }
+    const bool hasOneOther = update.from.size() == (repeated ? 2U : 1U);
+    const Source* other = hasOneOther ? &update.from[target == 0 ? 1 : 0].source : nullptr;
+    if (other && !other->derived) {
+        conditions += isFirstMatch(update, other->table, scope);
+    }
     QString sql =
         u"UPDATE "_s + quoted(table.name) + u" AS "_s + quoted(alias) + u" SET "_s + assignments.join(u", "_s) + from;
     if (!conditions.isEmpty()) {
@@ -181,6 +186,23 @@ QString Translator::otherSources(const std::vector<Join>& from, std::size_t targ
         }
     }
     return texts.isEmpty() ? QString() : u" FROM "_s + texts.join(u", "_s);
+}
+
+QString Translator::isFirstMatch(const Update& update, const QString& other, Scope scope) {
+    const QString later = scope.ranges.back().sqlName();
+    scope.ranges.back().translatedName = u"?earlier"_s;
+    const QString earlier = scope.ranges.back().sqlName();
+    QStringList conditions = {earlier + u".rowid < "_s + later + u".rowid"_s};
+    for (const Join& join : update.from) {
+        if (join.on) {
+            conditions += condition(*join.on, scope);
+        }
+    }
+    if (update.where) {
+        conditions += condition(*update.where, scope);
+    }
+    return u"NOT EXISTS (SELECT 1 FROM "_s + quoted(catalog_.table(other).name) + u" AS "_s + earlier + u" WHERE "_s +
+           conditions.join(u" AND "_s) + u')';
 }
 
 Translator::Range Translator::rangeOf(const CatalogTable& table, const QString& name) {

@@ -74,7 +74,6 @@ bool Translator::rescore(const Update& update, const CatalogTable& table) {
     const QString target = quoted(table.name);
     QStringList arms = namedArms(update, rescoring, other);
     arms += otherArms(update, rescoring, other);
-    rescoreFew(update, rescoring);
     out_.statement = (u"UPDATE "_s + target + u" AS "_s + target + u" SET "_s + quoted(rescoring.score->name) +
                       u" = \"changed\".\"score\" FROM ("_s + arms.join(u" UNION ALL "_s) +
                       u") AS \"changed\" WHERE "_s + target + u".rowid = \"changed\".\"row\""_s)
@@ -183,7 +182,8 @@ QString Translator::differentValues(const Rescoring& rescoring, const CatalogCol
 QStringList Translator::namedArms(const Update& update, const Rescoring& rescoring, const QString& other) {
     const QString target = quoted(rescoring.table.name);
     const QString score = target + u'.' + quoted(rescoring.score->name);
-    const QString where = u" WHERE "_s + condition(*update.where, rescoring.scope) + u" AND "_s;
+    const QString where = u" WHERE "_s + condition(*update.where, rescoring.scope) + u" AND "_s +
+                          isFirstMatch(update, update.from[0].source.table, rescoring.scope) + u" AND "_s;
     const Scope stored = storedScope(rescoring);
     const QString own = ownConditions(update, rescoring, stored);
     const auto& args = rescoring.value->args;
@@ -225,21 +225,11 @@ QStringList Translator::otherArms(const Update& update, const Rescoring& rescori
     const QString differs = newScore == "NULL"_L1 ? score + u" >= -9e999"_s : score + u" IS NOT "_s + newScore;
     const QString rows = u"SELECT "_s + target + u".rowid AS \"row\", "_s + newScore + u" AS \"score\" FROM "_s;
     const QString joined = target + u" AS "_s + target + u" CROSS JOIN "_s + other + u" WHERE "_s +
-                           condition(*update.where, rescoring.scope) + u" AND "_s + differs + u" AND "_s + answer;
+                           condition(*update.where, rescoring.scope) + u" AND "_s +
+                           isFirstMatch(update, update.from[0].source.table, rescoring.scope) + u" AND "_s + differs +
+                           u" AND "_s + answer;
     return {rows + u'(' + others + u") AS \"others\" CROSS JOIN "_s + joined + u" = \"others\".\"value\""_s,
             rows + joined + u" IS NULL"_s};
-}
-
-void Translator::rescoreFew(const Update& update, const Rescoring& rescoring) {
-    constexpr int few = 1000;
-    const QString own = ownConditions(update, rescoring, rescoring.scope);
-    const QString table = quoted(rescoring.table.name);
-    out_.forFewRows.probe =
-        u"SELECT 1 FROM %1 AS %1 WHERE %2 LIMIT 1 OFFSET %3"_s.arg(table, own, QString::number(few)).toUtf8();
-    updateJoined(update, rescoring.table, update.from.size());
-    const QString changed = u" AND "_s + table + u'.' + quoted(rescoring.score->name) + u" IS NOT "_s +
-                            assigned(value(*rescoring.value, rescoring.scope), *rescoring.score);
-    out_.forFewRows.statement = out_.statement + changed.toUtf8();
 }
 
 }  // namespace talvora::embedded

@@ -29,17 +29,10 @@ struct Parameter {
     bool operator==(const Parameter&) const = default;
 };
 
-/// A second way to do what a statement does, cheaper while there are few rows. `probe` gives a row when there are many.
-struct ForFewRows {
-    QByteArray probe;
-    QByteArray statement;
-};
-
 /// A T-SQL statement in SQLite's SQL.
 struct Translation {
     std::vector<QByteArray> definitions;  ///< run first, all or none; what they make or drop changes the catalogue
     QByteArray statement;                 ///< empty for a mere definition
-    ForFewRows forFewRows;                ///< empty for most statements; has the same parameters
     std::vector<Parameter> parameters;
     std::vector<QString> columns;  ///< of the rows it gives; empty when it gives none
     std::vector<int> structural;   ///< literals whose very values the translation rests on
@@ -131,6 +124,9 @@ class Translator {
     void update(const Update& update);
     void updateJoined(const Update& update, const CatalogTable& table, std::size_t target);
     QString otherSources(const std::vector<Join>& from, std::size_t target, Scope& scope, QStringList& conditions);
+    /// Whether no earlier row of `other`, the last of the scope, matches the updated row too. Of several that do, the
+    /// first counts: the same update run again must set the same values again.
+    QString isFirstMatch(const Update& update, const QString& other, Scope scope);
     static Range rangeOf(const CatalogTable& table, const QString& name);
 
     // updates that need not touch every row (translate_rescoring.cpp)
@@ -145,7 +141,6 @@ class Translator {
     QString differentValues(const Rescoring& rescoring, const CatalogColumn& column, const QString& rows) const;
     QStringList namedArms(const Update& update, const Rescoring& rescoring, const QString& other);
     QStringList otherArms(const Update& update, const Rescoring& rescoring, const QString& other);
-    void rescoreFew(const Update& update, const Rescoring& rescoring);
     void remove(const Delete& remove);
 
     // definitions (translate_definition.cpp)
