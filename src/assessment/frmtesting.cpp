@@ -21,6 +21,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int minute = 60000;
+constexpr int reportColumn = 14;     // characters
 constexpr auto choosable = "|-"_L1;  // stands before the name of a subtype or a model
 constexpr qint32 modelsHeading = 3000;
 
@@ -38,6 +39,9 @@ bool isSalaryRange(const QString& text) {
 void frmTesting::wire() {
     Timer1 = new QTimer(window());
     Timer1->setInterval(minute);
+    // The columns of a model's report stand below each other.
+    ui->txtTestingResult->setTabStopDistance(reportColumn *
+                                             ui->txtTestingResult->fontMetrics().horizontalAdvance(u'字'));
     sheet_ = std::make_unique<QuestionSheet>(ui->fg1);
     on(Timer1, &QTimer::timeout, [this]() { Timer1_Timer(); });
     on(ui->cmbPostName, &ComboBox::Click, &frmTesting::cmbPostName_Click);
