@@ -42,25 +42,23 @@ class Checker {
     }
 
     bool tables() {
-        bool areThere = true;
         for (const auto& table : schemaTables()) {
-            guarded(u"表 "_s + table.table, [&] { areThere = columns(table) && areThere; });
+            guarded(u"表 "_s + table.table, [&] { columns(table); });
         }
-        return areThere && std::all_of(items_.begin(), items_.end(), [](const CheckItem& item) { return item.isGood; });
+        return isComplete(items_);
     }
 
-    bool columns(const TableColumns& table) {
+    void columns(const TableColumns& table) {
         if (!hasTable(connection_, table.table)) {
             add(false, u"表 %1：不存在"_s.arg(table.table));
-            return false;
+            return;
         }
         const auto missing = missingColumns(connection_, table);
         if (!missing.isEmpty()) {
             add(false, u"表 %1：缺少列 %2"_s.arg(table.table, missing.join(u'、')));
-            return false;
+            return;
         }
         add(true, u"表 %1：%2 列"_s.arg(table.table).arg(table.columns.size()));
-        return true;
     }
 
     // The rows of the catalogue that the database must have as well, told by one text column.

@@ -83,9 +83,6 @@ void installCatalogue(Connection& connection, const QString& adminPassword) {
 }
 
 void install(Connection& connection, const QString& adminPassword, const Progress& progress) {
-    if (const auto fault = adminPasswordFault(adminPassword); !fault.isEmpty()) {
-        throw RuntimeError(errors::InvalidCall, fault);
-    }
     if (!isEmptyDatabase(connection)) {
         throw RuntimeError(errors::FileAlreadyExists,
                            u"数据库不是空的，不能安装！请新建一个空数据库，或用［检查］查看其内容。"_s);

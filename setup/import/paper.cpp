@@ -1,5 +1,7 @@
 #include "setup/import/paper.h"
 
+#include "platform/database/embedded/collation.h"
+
 #include <QDate>
 #include <QHash>
 
@@ -262,17 +264,9 @@ std::vector<ImportPaper> importPapersOf(const std::vector<ImportRow>& rows, Impo
 }
 
 QString comparable(const QString& text) {
-    constexpr char16_t fullWidthFirst = 0xFF01;
-    constexpr char16_t fullWidthLast = 0xFF5E;
-    constexpr char16_t fullWidthShift = 0xFEE0;
-    constexpr char16_t fullWidthBlank = 0x3000;
-    QString folded = text.toCaseFolded();
+    QString folded = text;
     for (QChar& c : folded) {
-        if (c.unicode() >= fullWidthFirst && c.unicode() <= fullWidthLast) {
-            c = QChar(static_cast<char16_t>(c.unicode() - fullWidthShift));
-        } else if (c.unicode() == fullWidthBlank) {
-            c = u' ';
-        }
+        c = QChar(embedded::folded(c.unicode()));
     }
     while (folded.endsWith(u' ')) {
         folded.chop(1);

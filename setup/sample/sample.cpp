@@ -6,6 +6,7 @@
 #include "setup/import/import.h"
 #include "setup/sample/sample_models.h"
 #include "setup/sample/sample_tests.h"
+#include "setup/tables.h"
 
 namespace talvora {
 
@@ -13,7 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int fileExists = 58;
 constexpr int testCount = 200;
 // What is there besides the catalogue rows.
 const auto ownRoles = u"Roles where RoleName<>N'系统管理员'"_s;
@@ -22,8 +22,9 @@ const auto ownUsers = u"Users where UserName<>'admin'"_s;
 void requireEmptyBank() {
     for (const auto& rows : {u"TestingType"_s, u"Examination"_s, u"Position"_s, u"TestingSolution"_s,
                              u"TestingResult"_s, ownRoles, ownUsers}) {
-        if (cnnPublic.Execute(u"select count(*) from "_s + rows).first().number32(0) > 0) {
-            throw RuntimeError(fileExists, u"数据库中已有测评数据、职位、角色或用户，不能再装入示例题库！"_s);
+        if (countOf(cnnPublic, u"select count(*) from "_s + rows) > 0) {
+            throw RuntimeError(errors::FileAlreadyExists,
+                               u"数据库中已有测评数据、职位、角色或用户，不能再装入示例题库！"_s);
         }
     }
 }
