@@ -36,7 +36,7 @@ void complain(const QString& text) {
 }
 
 QString readPassword(const QString& prompt) {
-    complain(prompt);
+    complain(prompt + u"（输入的内容会显示在屏幕上）"_s);
     QTextStream stream(stdin);
     stream.setEncoding(QStringConverter::System);
     return stream.readLine();
@@ -140,7 +140,8 @@ ExitCode helpVerb(const Arguments&) {
         "  talvora-setup check                检查数据库是否完整\n"
         "  talvora-setup --help               显示本说明\n"
         "\n"
-        "服务器写作 主机、主机,端口 或 主机\\实例。密码不能写在命令行上。\n"
+        "服务器写作 主机、主机,端口 或 主机\\实例。密码不能写在命令行上；\n"
+        "在终端上输入的密码会显示出来，不愿显示时请用安装窗口。\n"
         "退出代码：0 成功，1 未完成或检查发现问题，2 命令行有误。"_s);
     return ExitCode::Done;
 }
@@ -156,7 +157,6 @@ const std::vector<Verb>& verbs() {
     static const std::vector<Verb> all{
         {u"connect"_s, {u"server"_s, u"database"_s, u"login"_s, u"embedded"_s}, 0, connectVerb},
         {u"install"_s, {}, 0, installVerb},
-        {u"sample"_s, {}, 0, sampleVerb},
         {u"sample"_s, {}, 0, sampleVerb},
         {u"import"_s, {}, 1, importVerb},
         {u"check"_s, {}, 0, checkVerb},

@@ -23,6 +23,16 @@ QString embeddedPath(const ConnectionFile& connection) {
     return QDir(QCoreApplication::applicationDirPath()).absoluteFilePath(connection.database);
 }
 
+// An empty file that its owner alone can read: it is going to hold passwords. Its companions take its rights.
+void createOwnFile(const ConnectionFile& connection) {
+    constexpr int pathAccessError = 75;
+    createEmbedded(ConnectionParts::parse(connectionString(connection)));
+    if (!QFile::setPermissions(embeddedPath(connection), QFileDevice::ReadOwner | QFileDevice::WriteOwner)) {
+        throw RuntimeError(pathAccessError, u"数据库文件［%1］不能设为只有所有者可以读取！"_s.arg(
+                                                QDir::toNativeSeparators(embeddedPath(connection))));
+    }
+}
+
 void open(Connection& session, const ConnectionFile& connection, int seconds) {
     session.ConnectionString = connectionString(connection);
     session.CommandTimeout = seconds;
@@ -76,7 +86,7 @@ void installDatabase(const ConnectionFile& connection, const QString& adminPassw
     const QString path = embeddedPath(connection);
     try {
         if (isNewFile) {
-            createEmbedded(ConnectionParts::parse(connectionString(connection)));
+            createOwnFile(connection);
         }
         openSession(connection);
         install(cnnPublic, adminPassword, progress);

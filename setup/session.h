@@ -26,7 +26,8 @@ void testConnection(const ConnectionFile& connection);
 /// Opens cnnPublic for set-up work, whose statements may take longer than those of a window. Throws DatabaseError.
 void openSession(const ConnectionFile& connection);
 
-/// Makes the database that the connection describes: the embedded file where there is none, then `install` in it.
+/// Makes the database that the connection describes: the embedded file where there is none, readable by its owner
+/// only, then `install` in it.
 /// After a failure an embedded file that was made is gone again. Leaves cnnPublic open on the database.
 void installDatabase(const ConnectionFile& connection, const QString& adminPassword, const Progress& progress = {});
 
