@@ -2,7 +2,7 @@
 
 build_packages=(
     g++ cmake ninja-build git
-    qt6-base-dev libqt6svg6-dev qt6-qpa-plugins
+    qt6-base-dev qt6-svg-dev qt6-qpa-plugins
     libsqlite3-dev unixodbc-dev
     fonts-noto-cjk
 )
