@@ -35,7 +35,7 @@ class StatementMaker {
             "index drop alter add primary key int nvarchar(5) identity(1,1) ( ) ( ) , , . * + - / % = <> < > <= != ; 1 "
             "0 "
             "2. .5 99999999999 'A' '' N'甲' '5' '%x%' #t Users UserID UserName TestingResult TestingResultDetail Score "
-            "SelectAnswer a b len( patindex( cast( sum( count(*) max( isnull( [x] \"y\" -- /* */ ' @ ~ desc"_s.split(
+            "SelectAnswer a b len( patindex( cast( sum( count(*) max( left( [x] \"y\" -- /* */ ' @ ~ desc"_s.split(
                 u' ');
         return list;
     }
@@ -60,7 +60,7 @@ class StatementMaker {
             "by a.UserID having count(*)>0 order by n desc, 1"_s,
             u"create table x (id int identity(1,1) primary key, n nvarchar(3) not null default 'q', d datetime)"_s,
             u"delete from TestingResultDetail where TestingID in (select TestingID from TestingResult where TestingNumber='1')"_s,
-            u"select isnull(UserName,'x')+upper('y')+substring(UserDesc,1,2) from Users union all select replace('a','b','c')"_s,
+            u"select left(UserName,2)+right('y',1)+cast(UserID as nvarchar(5)) from Users union all select 'c'"_s,
             u"drop table #T, x"_s,
         };
         return list;

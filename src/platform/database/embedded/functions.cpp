@@ -5,12 +5,10 @@
 #include "platform/database/embedded/pattern.h"
 #include "platform/database/embedded/server_error.h"
 
-#include <QDateTime>
 #include <sqlite3.h>
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <limits>
 
 namespace talvora::embedded {
@@ -38,7 +36,6 @@ class Call {
     }
     void giveWhole(qint64 value) const { sqlite3_result_int64(context_, value); }
     void giveReal(double value) const { sqlite3_result_double(context_, value); }
-    void giveArgument(int i) const { sqlite3_result_value(context_, values_[i]); }
 
  private:
     sqlite3_context* context_;
@@ -76,86 +73,12 @@ void right(const Call& call) {
     call.giveText(text.right(std::min<qint64>(length, text.size())));
 }
 
-void substring(const Call& call) {
-    const QStringView text = call.text(0);
-    const qint64 length = lengthArgument(call, 2, server_error::InvalidLengthLeftRight, "LEFT or SUBSTRING"_L1);
-    const qint64 size = text.size();
-    // A start in front of the text uses up part of the length.
-    const qint64 start = std::clamp<qint64>(call.whole(1), -size - length, size + 1);
-    const qint64 end = std::clamp<qint64>(start + std::min(length, 2 * size + length), 1, size + 1);
-    const qint64 begin = std::clamp<qint64>(start, 1, size + 1);
-    call.giveText(end > begin ? text.sliced(begin - 1, end - begin) : QStringView(u""));
-}
-
 void patindex(const Call& call) {
     call.giveWhole(patternIndex(call.text(1), call.text(0)));
 }
 
 void like(const Call& call) {
-    call.giveWhole(matchesPattern(call.text(0), call.text(1), 0) ? 1 : 0);
-}
-
-void likeEscaped(const Call& call) {
-    const QStringView escape = call.text(2);
-    if (escape.size() != 1) {
-        throw serverError(506, u"The invalid escape character \"%1\" was specified in a LIKE predicate."_s.arg(escape));
-    }
-    call.giveWhole(matchesPattern(call.text(0), call.text(1), escape[0].unicode()) ? 1 : 0);
-}
-
-/// Where `wanted` stands in `text` at or behind `from`, -1 for nowhere; characters compare as in the collation.
-qsizetype find(QStringView text, QStringView wanted, qsizetype from) {
-    for (qsizetype start = from; !wanted.isEmpty() && start + wanted.size() <= text.size(); ++start) {
-        qsizetype i = 0;
-        while (i < wanted.size() && folded(text[start + i].unicode()) == folded(wanted[i].unicode())) {
-            ++i;
-        }
-        if (i == wanted.size()) {
-            return start;
-        }
-    }
-    return -1;
-}
-
-void charindex(const Call& call) {
-    call.giveWhole(find(call.text(1), call.text(0), 0) + 1);
-}
-
-void charindexFrom(const Call& call) {
-    const qint64 from = std::clamp<qint64>(call.whole(2), 1, call.text(1).size() + 1);
-    call.giveWhole(find(call.text(1), call.text(0), from - 1) + 1);
-}
-
-void replace(const Call& call) {
-    const QStringView text = call.text(0);
-    const QStringView wanted = call.text(1);
-    QString result;
-    qsizetype done = 0;
-    for (qsizetype found = find(text, wanted, 0); found >= 0; found = find(text, wanted, done)) {
-        result.append(text.sliced(done, found - done)).append(call.text(2));
-        done = found + wanted.size();
-    }
-    result.append(text.sliced(done));
-    call.giveText(result);
-}
-
-void ltrim(const Call& call) {
-    QStringView text = call.text(0);
-    while (text.startsWith(u' ')) {
-        text = text.sliced(1);
-    }
-    call.giveText(text);
-}
-
-void rtrim(const Call& call) {
-    call.giveText(withoutTrailingBlanks(call.text(0)));
-}
-
-void upper(const Call& call) {
-    call.giveText(call.text(0).toString().toUpper());
-}
-void lower(const Call& call) {
-    call.giveText(call.text(0).toString().toLower());
+    call.giveWhole(matchesPattern(call.text(0), call.text(1)) ? 1 : 0);
 }
 
 template <Kind kind>
@@ -220,19 +143,6 @@ void modulo(const Call& call) {
     call.giveWhole(divisor == -1 ? 0 : call.whole(0) % divisor);
 }
 
-void absolute(const Call& call) {
-    if (call.type(0) == SQLITE_INTEGER) {
-        const qint64 value = call.whole(0);
-        call.giveWhole(value < 0 && value != std::numeric_limits<qint64>::min() ? -value : value);
-    } else {
-        call.giveReal(std::abs(call.real(0)));
-    }
-}
-
-void getdate(const Call& call) {
-    call.giveText(QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH:mm:ss"));
-}
-
 /// Runs one function: NULL where an argument is NULL, and an error of T-SQL left for the driver.
 template <void (*function)(const Call&), int count>
 void run(sqlite3_context* context, int /*given*/, sqlite3_value** values) {
@@ -260,17 +170,8 @@ constexpr std::array functionTable = {
     Function{"tsql_len", 1, run<len, 1>},
     Function{"tsql_left", 2, run<left, 2>},
     Function{"tsql_right", 2, run<right, 2>},
-    Function{"tsql_substring", 3, run<substring, 3>},
     Function{"tsql_patindex", 2, run<patindex, 2>},
     Function{"tsql_like", 2, run<like, 2>},
-    Function{"tsql_like", 3, run<likeEscaped, 3>},
-    Function{"tsql_charindex", 2, run<charindex, 2>},
-    Function{"tsql_charindex", 3, run<charindexFrom, 3>},
-    Function{"tsql_replace", 3, run<replace, 3>},
-    Function{"tsql_ltrim", 1, run<ltrim, 1>},
-    Function{"tsql_rtrim", 1, run<rtrim, 1>},
-    Function{"tsql_upper", 1, run<upper, 1>},
-    Function{"tsql_lower", 1, run<lower, 1>},
     Function{"tsql_bit", 1, run<toWhole<Kind::Bit>, 1>},
     Function{"tsql_smallint", 1, run<toWhole<Kind::SmallInt>, 1>},
     Function{"tsql_int", 1, run<toWhole<Kind::Int>, 1>},
@@ -282,7 +183,6 @@ constexpr std::array functionTable = {
     Function{"tsql_fit", 2, run<fit, 2>},
     Function{"tsql_divide", 2, run<divide, 2>},
     Function{"tsql_modulo", 2, run<modulo, 2>},
-    Function{"tsql_abs", 1, run<absolute, 1>},
 };
 
 }  // namespace
@@ -293,8 +193,6 @@ void registerFunctions(sqlite3* database, PendingError* pending) {
         sqlite3_create_function_v2(database, function.name, function.arguments, flags, pending, function.run, nullptr,
                                    nullptr, nullptr);
     }
-    sqlite3_create_function_v2(database, "tsql_getdate", 0, SQLITE_UTF16, pending, run<getdate, 0>, nullptr, nullptr,
-                               nullptr);
 }
 
 }  // namespace talvora::embedded

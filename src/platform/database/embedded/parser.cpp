@@ -28,8 +28,6 @@ Statement Parser::parse() {
         statement = remove();
     } else if (isWord("create"_L1)) {
         statement = create();
-    } else if (isWord("alter"_L1)) {
-        statement = alter();
     } else if (isWord("drop"_L1)) {
         statement = drop();
     } else {

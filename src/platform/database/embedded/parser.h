@@ -74,7 +74,6 @@ class Parser {
     Statement create();
     CreateTable createTable();
     CreateIndex createIndex(bool unique);
-    AlterTable alter();
     Statement drop();
     ColumnDefinition columnDefinition();
     bool columnOption(ColumnDefinition& column);

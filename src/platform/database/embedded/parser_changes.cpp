@@ -190,11 +190,6 @@ QString Parser::defaultText() {
     if (acceptWord("null"_L1)) {
         return u"null"_s;
     }
-    if (acceptWord("getdate"_L1)) {
-        expectSymbol("("_L1);
-        expectSymbol(")"_L1);
-        return u"(datetime('now','localtime'))"_s;
-    }
     const bool negative = acceptSymbol("-"_L1);
     const Token& token = peek();
     if (token.literal < 0) {
@@ -214,23 +209,7 @@ CreateIndex Parser::createIndex(bool unique) {
     expectWord("on"_L1);
     index.table = tableName();
     index.columns = keyColumns();
-    if (acceptWord("include"_L1)) {
-        // Columns that only ride along in the index are the server's business.
-        keyColumns();
-    }
     return index;
-}
-
-AlterTable Parser::alter() {
-    expectWord("alter"_L1);
-    expectWord("table"_L1);
-    AlterTable alter;
-    alter.table = tableName();
-    expectWord("add"_L1);
-    do {
-        alter.added.push_back(columnDefinition());
-    } while (acceptSymbol(","_L1));
-    return alter;
 }
 
 Statement Parser::drop() {

@@ -119,9 +119,6 @@ ExpressionPtr Parser::negatablePredicate(ExpressionPtr left, bool negated) {
         expectSymbol(")"_L1);
     } else if (acceptWord("like"_L1)) {
         made = make(Form::Like, std::move(left), sum());
-        if (acceptWord("escape"_L1)) {
-            adopt(*made, sum());
-        }
     } else if (acceptWord("between"_L1)) {
         made = make(Form::Between, std::move(left), sum());
         expectWord("and"_L1);

@@ -32,11 +32,8 @@ bool setHolds(QStringView set, char16_t c) {
     return found != inverted;
 }
 
-Step stepAt(QStringView pattern, qsizetype p, char16_t escape, char16_t c) {
+Step stepAt(QStringView pattern, qsizetype p, char16_t c) {
     const char16_t want = pattern[p].unicode();
-    if (escape != 0 && want == escape && p + 1 < pattern.size()) {
-        return {2, compareCharacters(pattern[p + 1].unicode(), c) == 0};
-    }
     if (want == u'_') {
         return {1, true};
     }
@@ -55,20 +52,20 @@ bool onlyBlanks(QStringView text) {
 
 }  // namespace
 
-bool matchesPattern(QStringView text, QStringView pattern, char16_t escape) {
+bool matchesPattern(QStringView text, QStringView pattern) {
     qsizetype t = 0;
     qsizetype p = 0;
     qsizetype afterPercent = -1;
     qsizetype resumeAt = 0;
     while (t < text.size()) {
-        const bool percent = p < pattern.size() && pattern[p] == u'%' && escape != u'%';
+        const bool percent = p < pattern.size() && pattern[p] == u'%';
         if (percent) {
             afterPercent = ++p;
             resumeAt = t;
             continue;
         }
         if (p < pattern.size()) {
-            const Step step = stepAt(pattern, p, escape, text[t].unicode());
+            const Step step = stepAt(pattern, p, text[t].unicode());
             if (step.accepts) {
                 p += step.length;
                 ++t;
@@ -83,7 +80,7 @@ bool matchesPattern(QStringView text, QStringView pattern, char16_t escape) {
         p = afterPercent;
         t = ++resumeAt;
     }
-    while (p < pattern.size() && pattern[p] == u'%' && escape != u'%') {
+    while (p < pattern.size() && pattern[p] == u'%') {
         ++p;
     }
     return p == pattern.size();
@@ -91,7 +88,7 @@ bool matchesPattern(QStringView text, QStringView pattern, char16_t escape) {
 
 int patternIndex(QStringView text, QStringView pattern) {
     if (!pattern.startsWith(u'%')) {
-        return matchesPattern(text, pattern, 0) ? 1 : 0;
+        return matchesPattern(text, pattern) ? 1 : 0;
     }
     while (pattern.startsWith(u'%')) {
         pattern = pattern.sliced(1);
@@ -100,7 +97,7 @@ int patternIndex(QStringView text, QStringView pattern) {
         return 1;
     }
     for (qsizetype start = 0; start < text.size(); ++start) {
-        if (matchesPattern(text.sliced(start), pattern, 0)) {
+        if (matchesPattern(text.sliced(start), pattern)) {
             return static_cast<int>(start) + 1;
         }
     }

@@ -4,9 +4,8 @@
 
 namespace talvora::embedded {
 
-/// T-SQL's `like`: % any text, _ any character, [a-f] and [^a-f] one of a set; `escape` (0 for none) takes the sense
-/// from the character behind it. Characters compare as in the collation.
-bool matchesPattern(QStringView text, QStringView pattern, char16_t escape);
+/// T-SQL's `like`: % any text, _ any character, [a-f] and [^a-f] one of a set. Characters compare as in the collation.
+bool matchesPattern(QStringView text, QStringView pattern);
 
 /// T-SQL's `patindex`: where the first match begins, counted from 1; 0 for none.
 int patternIndex(QStringView text, QStringView pattern);

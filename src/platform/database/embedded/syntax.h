@@ -32,7 +32,7 @@ enum class Form : quint8 {
     Or,
     Not,
     Compare,  ///< name is the operator
-    Like,     ///< value, pattern, [escape]
+    Like,     ///< value, pattern
     In,       ///< value, then a list or `query`
     Between,
     IsNull,
@@ -150,11 +150,6 @@ struct CreateTable {
     std::vector<KeyDefinition> keys;
 };
 
-struct AlterTable {
-    QString table;
-    std::vector<ColumnDefinition> added;
-};
-
 struct CreateIndex {
     QString name;
     QString table;
@@ -176,7 +171,6 @@ struct DropIndex {
     QString table;
 };
 
-using Statement =
-    std::variant<Query, Insert, Update, Delete, CreateTable, AlterTable, CreateIndex, DropTable, DropIndex>;
+using Statement = std::variant<Query, Insert, Update, Delete, CreateTable, CreateIndex, DropTable, DropIndex>;
 
 }  // namespace talvora::embedded

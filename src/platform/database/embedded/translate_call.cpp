@@ -15,27 +15,23 @@ namespace {
 const QString collate = u" COLLATE "_s + QLatin1StringView(collationName);
 
 /// A function of T-SQL that stands for one function of the engine's own. `takes` tells the arguments: t a text, i a
-/// whole number, n any number; those behind the least count may be left out.
+/// whole number.
 struct Plain {
     QLatin1StringView name;
     std::string_view takes;
-    std::size_t least;
     Kind result;
 };
 
 constexpr std::array plainFunctions = {
-    Plain{"len"_L1, "t", 1, Kind::Int},         Plain{"left"_L1, "ti", 2, Kind::Text},
-    Plain{"right"_L1, "ti", 2, Kind::Text},     Plain{"substring"_L1, "tii", 3, Kind::Text},
-    Plain{"patindex"_L1, "tt", 2, Kind::Int},   Plain{"charindex"_L1, "tti", 2, Kind::Int},
-    Plain{"replace"_L1, "ttt", 3, Kind::Text},  Plain{"ltrim"_L1, "t", 1, Kind::Text},
-    Plain{"rtrim"_L1, "t", 1, Kind::Text},      Plain{"upper"_L1, "t", 1, Kind::Text},
-    Plain{"lower"_L1, "t", 1, Kind::Text},      Plain{"abs"_L1, "n", 1, Kind::Null},
-    Plain{"getdate"_L1, "", 0, Kind::DateTime},
+    Plain{"len"_L1, "t", Kind::Int},
+    Plain{"left"_L1, "ti", Kind::Text},
+    Plain{"right"_L1, "ti", Kind::Text},
+    Plain{"patindex"_L1, "tt", Kind::Int},
 };
 
-void requireArguments(const Expression& e, std::size_t least, std::size_t most) {
-    if (e.starred || e.distinct || e.args.size() < least || e.args.size() > most) {
-        throw serverError(174, u"The %1 function requires %2 argument(s)."_s.arg(e.name, QString::number(least)));
+void requireArguments(const Expression& e, std::size_t count) {
+    if (e.starred || e.distinct || e.args.size() != count) {
+        throw serverError(174, u"The %1 function requires %2 argument(s)."_s.arg(e.name, QString::number(count)));
     }
 }
 
@@ -51,29 +47,20 @@ Translator::Piece Translator::call(const Expression& e, const Scope& scope) {
     if (isAggregate(e)) {
         return aggregate(e, scope);
     }
-    if (e.name == "isnull"_L1 || e.name == "coalesce"_L1 || e.name == "nullif"_L1) {
-        return choice(e, scope);
-    }
     const auto plain = std::find_if(plainFunctions.begin(), plainFunctions.end(),
                                     [&](const Plain& known) { return e.name == known.name; });
     if (plain == plainFunctions.end()) {
         throw serverError(195, u"'%1' is not a recognized built-in function name."_s.arg(e.name));
     }
-    requireArguments(e, plain->least, plain->takes.size());
+    requireArguments(e, plain->takes.size());
     QStringList arguments;
     SqlType result{plain->result, SqlType::Unlimited};
     for (std::size_t i = 0; i < e.args.size(); ++i) {
         const Piece argument = value(*e.args[i], scope);
-        const char takes = plain->takes[i];
-        Kind kind = takes == 't' ? Kind::Text : Kind::Int;
-        if (takes == 'n') {
-            kind = argument.type.isNumber() ? std::max(argument.type.kind, Kind::Int) : Kind::Real;
-            result.kind = kind;
-        }
-        if (i == 0 && result.isText() && e.name != "replace"_L1) {
+        if (i == 0 && result.isText()) {
             result.length = argument.type.length;
         }
-        arguments += as(argument, kind);
+        arguments += as(argument, plain->takes[i] == 't' ? Kind::Text : Kind::Int);
     }
     const QString sql = u"tsql_"_s + e.name + u'(' + arguments.join(u", "_s) + u')';
     return result.isText() ? Piece{sql + collate, result, true} : Piece{sql, result};
@@ -110,34 +97,6 @@ Translator::Piece Translator::aggregate(const Expression& e, const Scope& scope)
     // A whole average is cut, as a whole division is.
     const QString whole = e.name == "sum"_L1 ? sum : sum + u" / count("_s + inner + u')';
     return {u"tsql_"_s + typeWord(kind) + u'(' + whole + u')', {kind}};
-}
-
-Translator::Piece Translator::choice(const Expression& e, const Scope& scope) {
-    const bool coalesce = e.name == "coalesce"_L1;
-    constexpr std::size_t most = 100;
-    requireArguments(e, 2, coalesce ? most : 2);
-    std::vector<Piece> pieces;
-    SqlType type;
-    for (const auto& argument : e.args) {
-        pieces.push_back(value(*argument, scope));
-        const SqlType& own = pieces.back().type;
-        // isnull and nullif give the type of their first argument, coalesce the one of highest precedence.
-        if (type.kind == Kind::Null || (coalesce && own.kind > type.kind)) {
-            type = {own.kind, SqlType::Unlimited};
-        }
-    }
-    if (e.name == "nullif"_L1) {
-        const QString first = as(pieces[0], type.kind);
-        const QString sql =
-            u"(CASE WHEN "_s + comparison(pieces[0], u"="_s, pieces[1]) + u" THEN NULL ELSE "_s + first + u" END)"_s;
-        return type.isText() ? Piece{sql + collate, type, true} : Piece{sql, type};
-    }
-    QStringList arguments;
-    for (const Piece& piece : pieces) {
-        arguments += as(piece, type.kind);
-    }
-    const QString sql = u"coalesce("_s + arguments.join(u", "_s) + u')';
-    return type.isText() ? Piece{sql + collate, type, true} : Piece{sql, type};
 }
 
 }  // namespace talvora::embedded

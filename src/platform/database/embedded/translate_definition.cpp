@@ -88,8 +88,6 @@ Translation Translator::translate(const Statement& statement) {
                 remove(tree);
             } else if constexpr (std::is_same_v<Tree, CreateTable>) {
                 createTable(tree);
-            } else if constexpr (std::is_same_v<Tree, AlterTable>) {
-                alterTable(tree);
             } else if constexpr (std::is_same_v<Tree, CreateIndex>) {
                 createIndex(tree);
             } else if constexpr (std::is_same_v<Tree, DropTable>) {
@@ -126,22 +124,6 @@ void Translator::createTable(const CreateTable& create) {
     }
     const QString word = create.table.startsWith(u'#') ? u"CREATE TEMP TABLE "_s : u"CREATE TABLE "_s;
     out_.definitions.push_back((word + quoted(create.table) + u" ("_s + parts.join(u", "_s) + u')').toUtf8());
-}
-
-void Translator::alterTable(const AlterTable& alter) {
-    const CatalogTable& table = catalog_.table(alter.table);
-    for (const ColumnDefinition& column : alter.added) {
-        if (table.column(column.name)) {
-            throw serverError(2705,
-                              u"Column names in each table must be unique. Column name '%1' in table '%2' is "
-                              "specified more than once."_s.arg(column.name, table.name));
-        }
-        if (column.identity || column.primaryKey || column.unique) {
-            throw incorrectSyntax(column.name);
-        }
-        out_.definitions.push_back(
-            (u"ALTER TABLE "_s + quoted(table.name) + u" ADD COLUMN "_s + definition(column)).toUtf8());
-    }
 }
 
 void Translator::createIndex(const CreateIndex& create) {

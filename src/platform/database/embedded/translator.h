@@ -87,7 +87,6 @@ class Translator {
     Piece subquery(const Expression& e, const Scope& scope);
     Piece call(const Expression& e, const Scope& scope);
     Piece aggregate(const Expression& e, const Scope& scope);
-    Piece choice(const Expression& e, const Scope& scope);
     QString parameter(const Expression& literal, SqlType target);
     /// The SQL of `piece` as a value of the kind `target`.
     QString as(const Piece& piece, Kind target);
@@ -145,7 +144,6 @@ class Translator {
 
     // definitions (translate_definition.cpp)
     void createTable(const CreateTable& create);
-    void alterTable(const AlterTable& alter);
     void createIndex(const CreateIndex& create);
     void dropTable(const DropTable& drop);
     void dropIndex(const DropIndex& drop);
