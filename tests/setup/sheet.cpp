@@ -6,58 +6,31 @@ namespace talvora::test {
 
 using namespace Qt::StringLiterals;
 
-Sheet Sheet::valid() {
-    Sheet sheet;
-    sheet.header_ = headerLine().split(u',');
-    const QStringList questions{u"任务延期时您会怎么做？"_s, u"发现同事的差错时您会？"_s, u"您如何安排一天的工作？"_s};
-    for (const auto& question : questions) {
-        sheet.rows_.emplace_back(sheet.header_.size());
-        const int row = static_cast<int>(sheet.rows_.size());
-        sheet.set({row, u"题目"_s, question});
-        for (const char16_t letter : {u'A', u'B', u'C'}) {
-            sheet.set({row, u"答案"_s + QChar(letter), u"做法"_s + QChar(letter)});
-            sheet.set({row, u"分数"_s + QChar(letter), QString::number(u'C' - letter)});
-        }
+Sheet::Sheet(const QString& changes) : header_(headerLine().split(u',')) {
+    for (const auto& question :
+         {u"任务延期时您会怎么做？"_s, u"发现同事的差错时您会？"_s, u"您如何安排一天的工作？"_s}) {
+        rows_.emplace_back(header_.size());
+        change(rows_.size() - 1,
+               u"1 答案A=做法A|1 分数A=2|1 答案B=做法B|1 分数B=1|1 答案C=做法C|1 分数C=0|1 题目="_s + question);
     }
-    const QStringList head{u"测评主类"_s,  u"职业素养"_s, u"测评子类"_s,  u"责任心"_s, u"试卷编号"_s,  u"P-1"_s,
-                           u"得分下限1"_s, u"5"_s,        u"得分上限1"_s, u"6"_s,      u"评价结果1"_s, u"优秀"_s,
-                           u"得分下限2"_s, u"3"_s,        u"得分上限2"_s, u"4"_s,      u"评价结果2"_s, u"一般"_s,
-                           u"得分下限3"_s, u"0"_s,        u"得分上限3"_s, u"2"_s,      u"评价结果3"_s, u"较差"_s};
-    for (qsizetype i = 0; i < head.size(); i += 2) {
-        sheet.set({1, head[i], head[i + 1]});
-    }
-    return sheet;
+    change(0,
+           u"1 测评主类=职业素养|1 测评子类=责任心|1 试卷编号=P-1|1 得分下限1=5|1 得分上限1=6|1 评价结果1=优秀|"
+           "1 得分下限2=3|1 得分上限2=4|1 评价结果2=一般|1 得分下限3=0|1 得分上限3=2|1 评价结果3=较差"_s);
+    change(0, changes);
 }
 
-void Sheet::set(const CellChange& change) {
-    rows_.at(static_cast<std::size_t>(change.row - 1))[columnOf(change.column)] = change.text;
-}
-
-void Sheet::setHeader(const QString& column, const QString& name) {
-    header_[columnOf(column)] = name;
+Sheet& Sheet::appendPaper(const QString& changes) {
+    const std::vector<QStringList> pattern(rows_.begin(), rows_.begin() + 3);
+    rows_.insert(rows_.end(), pattern.begin(), pattern.end());
+    change(rows_.size() - pattern.size(), changes);
+    return *this;
 }
 
 void Sheet::removeColumn(const QString& column) {
-    const auto place = columnOf(column);
+    const auto place = header_.indexOf(column);
     header_.removeAt(place);
     for (auto& row : rows_) {
         row.removeAt(place);
-    }
-}
-
-void Sheet::appendCopy(const std::vector<CellChange>& changes) {
-    rows_.push_back(rows_.back());
-    for (const auto& change : changes) {
-        set({static_cast<int>(rows_.size()), change.column, change.text});
-    }
-}
-
-void Sheet::appendPaper(const std::vector<CellChange>& changes) {
-    const int first = static_cast<int>(rows_.size()) + 1;
-    const std::vector<QStringList> pattern(rows_.begin(), rows_.begin() + 3);
-    rows_.insert(rows_.end(), pattern.begin(), pattern.end());
-    for (const auto& change : changes) {
-        set({first, change.column, change.text});
     }
 }
 
@@ -73,10 +46,12 @@ QString Sheet::text(QChar separator) const {
     return text;
 }
 
-qsizetype Sheet::columnOf(const QString& column) const {
-    const auto place = header_.indexOf(column);
-    Q_ASSERT_X(place >= 0, "Sheet", "no such column");
-    return place;
+void Sheet::change(std::size_t firstRow, const QString& changes) {
+    for (const auto& change : changes.split(u'|', Qt::SkipEmptyParts)) {
+        const auto place = change.section(u'=', 0, 0);
+        const auto row = firstRow + place.section(u' ', 0, 0).toUInt() - 1;
+        rows_.at(row)[header_.indexOf(place.section(u' ', 1))] = change.section(u'=', 1);
+    }
 }
 
 }  // namespace talvora::test

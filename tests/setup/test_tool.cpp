@@ -51,15 +51,15 @@ class SetupTool : public ::testing::Test {
                 QString::fromUtf8(tool.readAllStandardError())};
     }
 
+    static void expectOwnersOnly(const QString& file) {
+        const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        EXPECT_EQ(QFile::permissions(file) & others, QFile::Permissions()) << qPrintable(file);
+    }
+
     QString write(const QString& name, const QByteArray& content) {
         QFile file(path(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
         return file.fileName();
-    }
-
-    void installEmbedded() {
-        ASSERT_EQ(run({u"connect"_s, u"--embedded"_s, u"试验.db"_s}).code, 0);
-        ASSERT_EQ(run({u"install"_s}, u"初始密码"_s).code, 0);
     }
 
  private:
@@ -78,43 +78,22 @@ TEST_F(SetupTool, WritesAConnectionWithChineseTextThatTheClientReads) {
     EXPECT_EQ(read.database, u"人事测评库"_s);
     EXPECT_EQ(read.login, u"测评管理员"_s);
     EXPECT_EQ(read.password, u"密码 ;}='Ａz1"_s);
-    EXPECT_EQ(QFile::permissions(connectionFile()) &
-                  (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther),
-              QFile::Permissions());
+    expectOwnersOnly(connectionFile());
     EXPECT_FALSE((outcome.out + outcome.err).contains(u"}='"_s));
 }
 
 TEST_F(SetupTool, RefusesAWrongCommandLineAndDoesNothing) {
-    const std::vector<QStringList> wrong{
-        {u"unknown"_s},
-        {u"connect"_s},
-        {u"connect"_s, u"--server"_s, u"a"_s, u"--database"_s, u"b"_s},
-        {u"connect"_s, u"--server"_s, u"a"_s, u"--database"_s, u"b"_s, u"--login"_s},
-        {u"connect"_s, u"--server"_s, u"a"_s, u"--server"_s, u"b"_s},
-        {u"connect"_s, u"--server"_s, u"a"_s, u"--database"_s, u"b"_s, u"--login"_s, u"c"_s, u"--password"_s, u"d"_s},
-        {u"connect"_s, u"--embedded"_s, u"a.db"_s, u"--Password=d"_s},
-        {u"connect"_s, u"--embedded"_s, u"a.db"_s, u"--login"_s, u"c"_s},
-        {u"connect"_s, u"--embedded"_s, QString()},
-        {u"install"_s, u"--pwd"_s, u"d"_s},
-        {u"install"_s, u"secret"_s},
-        {u"import"_s},
-        {u"import"_s, u"a.csv"_s, u"b.csv"_s},
-        {u"check"_s, u"--all"_s, u"x"_s},
-    };
-    for (const auto& arguments : wrong) {
-        const auto outcome = run(arguments, u"secret"_s);
-        EXPECT_EQ(outcome.code, 2) << qPrintable(arguments.join(u' '));
+    for (const auto& line :
+         {u"unknown"_s, u"connect"_s, u"connect --server a --database b"_s,
+          u"connect --server a --database b --login"_s, u"connect --server a --server b"_s,
+          u"connect --server a --database b --login c --password d"_s, u"connect --embedded a.db --Password=d"_s,
+          u"connect --embedded a.db --login c"_s, u"connect --embedded="_s, u"install --pwd d"_s, u"install secret"_s,
+          u"import"_s, u"import a.csv b.csv"_s, u"check --all x"_s}) {
+        const auto outcome = run(line.split(u' '), u"secret"_s);
+        EXPECT_EQ(outcome.code, 2) << qPrintable(line);
         EXPECT_FALSE(outcome.err.isEmpty());
     }
     EXPECT_FALSE(QFile::exists(connectionFile()));
-}
-
-TEST_F(SetupTool, ExplainsItself) {
-    const auto outcome = run({u"--help"_s});
-    EXPECT_EQ(outcome.code, 0);
-    for (const auto& verb : {u"connect"_s, u"install"_s, u"sample"_s, u"import"_s, u"check"_s}) {
-        EXPECT_TRUE(outcome.out.contains(u"talvora-setup "_s + verb)) << qPrintable(verb);
-    }
 }
 
 TEST_F(SetupTool, TellsThatThereIsNoConnectionYet) {
@@ -129,7 +108,7 @@ TEST_F(SetupTool, TellsThatThereIsNoConnectionYet) {
     EXPECT_TRUE(outcome.err.contains(u"已损坏"_s)) << qPrintable(outcome.err);
 }
 
-TEST_F(SetupTool, InstallsAnEmbeddedDatabaseOnceAndChecksIt) {
+TEST_F(SetupTool, InstallsAnEmbeddedDatabaseOnceChecksItAndImports) {
     const auto connected = run({u"connect"_s, u"--embedded"_s, u"试验.db"_s});
     EXPECT_EQ(connected.code, 0) << qPrintable(connected.err);
     EXPECT_TRUE(connected.out.contains(u"install"_s));
@@ -139,33 +118,28 @@ TEST_F(SetupTool, InstallsAnEmbeddedDatabaseOnceAndChecksIt) {
     const auto installed = run({u"install"_s}, u"初始密码"_s);
     EXPECT_EQ(installed.code, 0) << qPrintable(installed.err);
     EXPECT_FALSE((installed.out + installed.err).contains(u"初始密码"_s));
+    expectOwnersOnly(path(u"试验.db"_s));
     const auto checked = run({u"check"_s});
     EXPECT_EQ(checked.code, 0) << qPrintable(checked.out + checked.err);
     const auto again = run({u"install"_s}, u"other"_s);
     EXPECT_EQ(again.code, 1);
     EXPECT_TRUE(again.err.contains(u"数据库不是空的"_s)) << qPrintable(again.err);
 
+    const auto refused = run({u"import"_s, write(u"坏.csv"_s, test::Sheet(u"2 题目=|3 分数A=10"_s).utf8())});
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_TRUE(
+        refused.err.contains(u"有 2 处错误，没有导入任何内容：\n第 3 行：请输入［题目］！\n第 4 行：［分数A］"_s))
+        << qPrintable(refused.err);
+    const auto imported = run({u"import"_s, write(u"好.csv"_s, test::Sheet().utf8())});
+    EXPECT_EQ(imported.code, 0) << qPrintable(imported.err);
+    EXPECT_TRUE(imported.out.contains(u"试卷 1 份、试题 3 道"_s)) << qPrintable(imported.out);
+    EXPECT_EQ(run({u"import"_s, path(u"none.csv"_s)}).code, 1);
+
     auto connection = readConnectionFile(connectionFile());
     connection.database = path(connection.database);
     cnnPublic.ConnectionString = connectionString(connection);
     cnnPublic.Open();
     EXPECT_TRUE(cUsers::IsExistUser(u"admin"_s, u"初始密码"_s));
-}
-
-TEST_F(SetupTool, ImportsAFileOrTellsEveryLineAtFault) {
-    ASSERT_NO_FATAL_FAILURE(installEmbedded());
-    auto sheet = test::Sheet::valid();
-    sheet.set({2, u"题目"_s, {}});
-    sheet.set({3, u"分数A"_s, u"10"_s});
-    const auto refused = run({u"import"_s, write(u"坏.csv"_s, sheet.utf8())});
-    EXPECT_EQ(refused.code, 1);
-    EXPECT_TRUE(
-        refused.err.contains(u"有 2 处错误，没有导入任何内容：\n第 3 行：请输入［题目］！\n第 4 行：［分数A］"_s))
-        << qPrintable(refused.err);
-    const auto done = run({u"import"_s, write(u"好.csv"_s, test::Sheet::valid().utf8())});
-    EXPECT_EQ(done.code, 0) << qPrintable(done.err);
-    EXPECT_TRUE(done.out.contains(u"试卷 1 份、试题 3 道"_s)) << qPrintable(done.out);
-    EXPECT_EQ(run({u"import"_s, path(u"none.csv"_s)}).code, 1);
 }
 
 }  // namespace
