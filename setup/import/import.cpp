@@ -81,6 +81,17 @@ class BankWriter {
         addPaper(paper, sub.code);
     }
 
+    // Who made the paper and when, for the paper itself and for a subtype made with it.
+    template <class Record>
+    static void sign(Record& record, const ImportPaper& paper) {
+        record.Author = paper.author;
+        record.Auditing = paper.auditing;
+        record.Approver = paper.approver;
+        record.WriteDate = paper.writeDate;
+        record.AuditingDate = paper.auditingDate;
+        record.ApproverDate = paper.approverDate;
+    }
+
     QString addMainType(const ImportPaper& paper) {
         const MadeType made{u"1"_s, {}, paper.mainType};
         demand(cTestingType().AddNew(u"parent"_s, {}, made.name), u"测评主类［%1］"_s.arg(made.name));
@@ -91,12 +102,7 @@ class BankWriter {
 
     QString addSubtype(const ImportPaper& paper, const QString& mainCode, const BankSubtype& planned) {
         cTestingType type;
-        type.Author = paper.author;
-        type.Auditing = paper.auditing;
-        type.Approver = paper.approver;
-        type.WriteDate = paper.writeDate;
-        type.AuditingDate = paper.auditingDate;
-        type.ApproverDate = paper.approverDate;
+        sign(type, paper);
         type.Note = planned.note;
         for (qsizetype i = 0; i < planned.words.size(); ++i) {
             type.*testingTypeWords[static_cast<std::size_t>(i)] = planned.words[i];
@@ -113,12 +119,7 @@ class BankWriter {
         cExamination examination;
         examination.TypeCode = typeCode;
         examination.ExaminationNum = paper.number;
-        examination.Author = paper.author;
-        examination.Auditing = paper.auditing;
-        examination.Approver = paper.approver;
-        examination.WriteDate = paper.writeDate;
-        examination.AuditingDate = paper.auditingDate;
-        examination.ApproverDate = paper.approverDate;
+        sign(examination, paper);
         examination.AnswerAmount = static_cast<qint16>(paper.questions.front().answers.size());
         examination.TestingTime = paper.minutes;
         examination.Note = paper.note;
