@@ -100,11 +100,7 @@ TEST_F(OdbcDriverTest, ManyRowsAndNoRows) {
     const Recordset none = driver_->execute(u"select id, name from t where id < 0"_s);
     EXPECT_EQ(none.RecordCount(), 0);
     EXPECT_EQ(none.FieldCount(), 2);
-}
-
-TEST_F(OdbcDriverTest, AStatementThatTouchesNoRowSucceeds) {
-    EXPECT_EQ(driver_->execute(u"update t set id = 1 where id = 7"_s).RecordCount(), 0);
-    EXPECT_EQ(driver_->execute(u"delete from t"_s).FieldCount(), 0);
+    EXPECT_EQ(driver_->execute(u"update t set id = 1 where id < 0"_s).FieldCount(), 0);
 }
 
 TEST_F(OdbcDriverTest, AFailingStatementTellsTheDriversWords) {
@@ -120,11 +116,6 @@ TEST_F(OdbcDriverTest, AFailingStatementTellsTheDriversWords) {
     EXPECT_EQ(countOfRows(), 1) << "the session must go on";
 }
 
-TEST_F(OdbcDriverTest, OutsideATransactionEachStatementIsKept) {
-    insertIds(1, 2);
-    EXPECT_EQ(countOfRows(), 2);
-}
-
 TEST_F(OdbcDriverTest, ATransactionIsKeptOrUndoneWhole) {
     driver_->beginTransaction();
     insertIds(1, 2);
@@ -135,6 +126,8 @@ TEST_F(OdbcDriverTest, ATransactionIsKeptOrUndoneWhole) {
     insertIds(3, 4);
     driver_->rollbackTransaction();
     EXPECT_EQ(countOfRows(), 2);
+    EXPECT_THROW(driver_->commitTransaction(), DatabaseError);
+    EXPECT_THROW(driver_->rollbackTransaction(), DatabaseError);
     insertIds(5, 5);
     EXPECT_EQ(countOfRows(), 3) << "statements stand alone again";
 }
@@ -149,15 +142,6 @@ TEST_F(OdbcDriverTest, AFailingStatementLeavesTheTransactionOpen) {
     EXPECT_EQ(countOfRows(), 2);
 }
 
-TEST_F(OdbcDriverTest, AnEndWithoutATransactionFailsAndHarmsNothing) {
-    EXPECT_THROW(driver_->commitTransaction(), DatabaseError);
-    EXPECT_THROW(driver_->rollbackTransaction(), DatabaseError);
-    driver_->beginTransaction();
-    insertIds(1, 1);
-    driver_->commitTransaction();
-    EXPECT_EQ(countOfRows(), 1);
-}
-
 TEST_F(OdbcDriverTest, AnEndOfTheSessionUndoesTheOpenTransaction) {
     driver_->beginTransaction();
     insertIds(1, 1);
@@ -165,16 +149,8 @@ TEST_F(OdbcDriverTest, AnEndOfTheSessionUndoesTheOpenTransaction) {
     EXPECT_EQ(countOfRows(), 0);
 }
 
-TEST(OdbcOpen, AMissingDriverIsAnError) {
-    try {
-        openOdbcWith(u"DRIVER=No such driver;SERVER=x"_s, 1);
-        FAIL() << "opened";
-    } catch (const DatabaseError& error) {
-        EXPECT_FALSE(error.description().isEmpty());
-    }
-}
-
-TEST(OdbcOpen, AServerThatIsNotThereFailsSoon) {
+TEST(OdbcOpen, WhatIsNotThereFailsSoon) {
+    EXPECT_THROW(openOdbcWith(u"DRIVER=No such driver;SERVER=x"_s, 1), DatabaseError);
     for (const QString& server : {u""_s, u"127.0.0.1,1"_s, u"no.such.host.invalid"_s, u"127.0.0.1,port"_s}) {
         QElapsedTimer clock;
         clock.start();
