@@ -104,6 +104,7 @@ BENCHMARK(loginWindow)->UseManualTime()->Iterations(30)->Unit(benchmark::kMillis
 }  // namespace talvora
 
 int main(int argc, char** argv) {
+    using namespace Qt::StringLiterals;
     const QLatin1StringView part(argc == 2 ? argv[1] : "");
     if (part == "program"_L1) {
         return talvora::startProgram(argc, argv);
