@@ -11,6 +11,9 @@
 #include "testbank/ctestingtype.h"
 #include "toolkit/quotes.h"
 
+#include <QLineEdit>
+#include <QTabBar>
+
 #include <algorithm>
 
 // The window up to the start of a run: how it opens, what it asks, and how a test is chosen.
@@ -21,7 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int minute = 60000;
-constexpr int reportColumn = 14;     // characters
+constexpr int storedLength = 50;     // of a position and a salary in the tables
 constexpr auto choosable = "|-"_L1;  // stands before the name of a subtype or a model
 constexpr qint32 modelsHeading = 3000;
 
@@ -39,9 +42,12 @@ bool isSalaryRange(const QString& text) {
 void frmTesting::wire() {
     Timer1 = new QTimer(window());
     Timer1->setInterval(minute);
-    // The columns of a model's report stand below each other.
-    ui->txtTestingResult->setTabStopDistance(reportColumn *
-                                             ui->txtTestingResult->fontMetrics().horizontalAdvance(u'字'));
+    // A longer text would fail to be stored, and the whole test with it.
+    ui->cmbPosition->lineEdit()->setMaxLength(storedLength);
+    ui->cmbSalary->lineEdit()->setMaxLength(storedLength);
+    // By hand, since the .ui file's order takes the tab control together with what is in it.
+    QWidget::setTabOrder(ui->cmdStart, ui->SSTab1->tabBar());
+    QWidget::setTabOrder(ui->SSTab1->tabBar(), ui->fg1);
     sheet_ = std::make_unique<QuestionSheet>(ui->fg1);
     on(Timer1, &QTimer::timeout, [this]() { Timer1_Timer(); });
     on(ui->cmbPostName, &ComboBox::Click, &frmTesting::cmbPostName_Click);
@@ -181,6 +187,7 @@ void frmTesting::cmdNew_Click() {
     ui->SSTab1->setCurrentIndex(0);
     ui->cmdNew->hide();
     ui->cmdStart->setEnabled(true);
+    ui->txtID->setFocus();
 }
 
 void frmTesting::cmdClose_Click() {

@@ -10,10 +10,32 @@
 #include "toolkit/busy.h"
 #include "toolkit/prompts.h"
 
+#include <QFontMetricsF>
+#include <QPlainTextEdit>
+
+#include <algorithm>
+
 // The window from the start of a run to its report.
 namespace talvora {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Makes the columns of a report wide enough for its longest name.
+void alignColumns(QPlainTextEdit& report) {
+    const QFontMetricsF metrics(report.font());
+    qreal widest = 0;
+    const auto lines = report.toPlainText().split(u'\n');
+    for (const auto& line : lines) {
+        if (const auto end = line.indexOf(u'\t'); end >= 0) {
+            widest = std::max(widest, metrics.horizontalAdvance(line.left(end)));
+        }
+    }
+    report.setTabStopDistance(widest + metrics.horizontalAdvance(u"　　"_s));
+}
+
+}  // namespace
 
 /// The number of the chosen test: a digit for its kind, then its code. Empty when none is chosen.
 QString frmTesting::itemCode() const {
@@ -153,6 +175,9 @@ void frmTesting::cmdSubmit_Click() {
     ui->txtTestingResult->setPlainText(
         testingReport(ui->txtName->text(), momentText(presentMoment()), typeNameChosen(), family));
     ui->SSTab1->setCurrentIndex(1);
+    alignColumns(*ui->txtTestingResult);
+    // Not on to cmdNew: a second press of the key that submitted would take the report away.
+    ui->txtTestingResult->setFocus();
     ui->cmdNew->show();
     ui->cmdSubmit->setEnabled(false);
     Timer1->stop();
