@@ -8,21 +8,15 @@ using namespace Qt::StringLiterals;
 
 class Login : public JourneyTest {};
 
-TEST_F(Login, OpensOnTheManagedPanel) {
-    frmLogin login;
-    login.Show();
-    EXPECT_EQ(login.window()->windowTitle(), u"登录"_s);
-    EXPECT_EQ(focused()->objectName(), u"txtUserName"_s);
-    EXPECT_EQ(login.ui->txtUserName->text(), u"admin"_s);
-    EXPECT_TRUE(login.ui->FraLogin->isVisible() && login.ui->cmdLogin->isVisible());
-    EXPECT_FALSE(login.ui->FraDiy->isVisible() || login.ui->cmdOK->isVisible());
-    EXPECT_TRUE(login.ui->optType1->isEnabled());
-}
-
 TEST_F(Login, PanelsClearTheirFieldsWhenChosen) {
     frmLogin login;
     login.Show();
+    EXPECT_EQ(login.window()->windowTitle(), u"登录"_s);
+    EXPECT_EQ(focused(), login.ui->txtUserName);
+    EXPECT_EQ(login.ui->txtUserName->text(), u"admin"_s);
+    EXPECT_FALSE(login.ui->FraDiy->isVisible() || login.ui->cmdOK->isVisible());
     type(login.ui->txtPassword, u"secret"_s);
+    EXPECT_EQ(login.ui->txtPassword->displayText(), u"******"_s);
     click(login.ui->optType1);
     EXPECT_EQ(focused(), login.ui->txtID);
     EXPECT_TRUE(login.ui->FraDiy->isVisible() && login.ui->cmdOK->isVisible() && login.ui->cmdCancel->isVisible());
@@ -36,21 +30,11 @@ TEST_F(Login, PanelsClearTheirFieldsWhenChosen) {
     EXPECT_EQ(login.ui->txtPassword->text(), u"secret"_s);
     click(login.ui->optType1);
     EXPECT_TRUE(login.ui->txtID->text().isEmpty() && login.ui->txtName->text().isEmpty());
-}
 
-TEST_F(Login, LockedTerminalOffersTheManagedEntryOnly) {
     setOption(u"blnLockTerminal"_s, u"Y"_s);
-    frmLogin login;
-    login.Show();
-    EXPECT_FALSE(login.ui->optType1->isEnabled());
-    EXPECT_TRUE(login.ui->optType0->isEnabled());
-}
-
-TEST_F(Login, MissingOptionEndsTheProgram) {
-    cnnPublic.Execute(u"delete from Options where VarName='blnLockTerminal'"_s);
-    frmLogin login;
-    EXPECT_THROW(login.Load(), RuntimeError);
-    EXPECT_FALSE(login.isLoaded());
+    frmLogin locked;
+    locked.Load();
+    EXPECT_FALSE(locked.ui->optType1->isEnabled());
 }
 
 TEST_F(Login, RefusesWhoIsNotLetIn) {
@@ -97,19 +81,6 @@ TEST_F(Login, FailingStatementReadsAsAWrongPassword) {
               QStringList(u"Select * from Users where UserName='admin' and Password='admin' and locked='0'"_s));
 }
 
-TEST_F(Login, LetsAUserIn) {
-    whenModal<frmLogin>([](frmLogin& login) {
-        type(login.ui->txtPassword, u"admin"_s);
-        press(Qt::Key_Return);
-        EXPECT_EQ(focused(), login.ui->cmdLogin);
-        press(Qt::Key_Return);
-    });
-    frmLogin::Default().ShowModal();
-    EXPECT_TRUE(frmLogin::Default().LoginPassed);
-    EXPECT_EQ(strCurrentUser, u"admin"_s);
-    strCurrentUser.clear();
-}
-
 TEST_F(Login, SelfServiceChecksInTheirOrder) {
     frmLogin login;
     login.Show();
@@ -123,7 +94,6 @@ TEST_F(Login, SelfServiceChecksInTheirOrder) {
     } table[] = {
         {u""_s, u""_s, u"请输入［身份证号］！"_s, login.ui->txtID, u""_s},
         {u"123"_s, u""_s, u"［身份证号］不合法，请重新输入！"_s, login.ui->txtID, u""_s},
-        {u"11010519491231002X"_s, u"李"_s, u"［身份证号］不合法，请重新输入！"_s, login.ui->txtID, u""_s},
         {rightNumber, u""_s, u"请输入［姓名］！"_s, login.ui->txtName, rightNumber},
     };
     for (const auto& row : table) {
@@ -141,22 +111,6 @@ TEST_F(Login, SelfServiceChecksInTheirOrder) {
     retype(login.ui->txtID, u"123"_s);
     script.expect(vbOK, u"请输入［姓名］！"_s);
     click(login.ui->cmdOK);
-}
-
-// The number with a sign among its digits passes the numeric test and fails where its digits are read.
-TEST_F(Login, NumberWithASignEndsTheProgram) {
-    PromptScript script;
-    whenModal<frmLogin>([&](frmLogin& login) {
-        click(login.ui->optType1);
-        type(login.ui->txtID, u"4405241880010.0014"_s);
-        type(login.ui->txtName, u"张三"_s);
-        script.expect();
-        click(login.ui->cmdOK);
-    });
-    EXPECT_THROW(frmLogin::Default().ShowModal(), ProgramEnded);
-    EXPECT_EQ(programEnds(), std::vector<ProgramEnd>{ProgramEnd::Failed});
-    EXPECT_TRUE(script.last().text.contains(u"'13'"_s)) << script.last().text.toStdString();
-    EXPECT_EQ(script.last().style, vbCritical);
 }
 
 }  // namespace

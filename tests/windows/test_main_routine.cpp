@@ -55,7 +55,9 @@ TEST_F(MainRoutine, FromTheConnectionToTheEnd) {
 
     whenModal<frmLogin>([](frmLogin& login) {
         type(login.ui->txtPassword, u"admin"_s);
-        click(login.ui->cmdLogin);
+        press(Qt::Key_Return);
+        EXPECT_EQ(focused(), login.ui->cmdLogin);
+        press(Qt::Key_Return);
     });
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, &watch, [] {

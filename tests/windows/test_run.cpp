@@ -22,7 +22,7 @@ class Run : public JourneyTest {
     frmTesting& w;
 };
 
-TEST_F(Run, OperatorTestsTwoCandidatesInARow) {
+TEST_F(Run, OperatorTestsOneCandidateAfterAnother) {
     start(u"甲"_s, u"|-责任心"_s);
     for (int question = 1; question <= 3; ++question) {
         answer(w.ui->fg1, question, u'D');
@@ -40,27 +40,26 @@ TEST_F(Run, OperatorTestsTwoCandidatesInARow) {
     EXPECT_EQ(w.ui->SSTab1->currentIndex(), 0);
     EXPECT_FALSE(w.ui->cmdNew->isVisible() || w.ui->cmdSubmit->isEnabled());
     EXPECT_EQ(w.ui->cmbTypeName->text(), u"|-责任心"_s) << "the test stays chosen";
-    EXPECT_EQ(w.ui->lblTime->text(), u"20"_s);
+    EXPECT_EQ(focused(), w.ui->txtID);
 
-    start(u"乙"_s, u"|-沟通"_s);
+    // The 20 minutes left over count in a model.
+    whenModal<frmModel>([](frmModel& model) { click(model.ui->cmdOK); });
+    start(u"乙"_s, u"|-销售经理模型"_s);
+    EXPECT_EQ(w.ui->lblTime->text(), u"41"_s);
+    click(w.ui->cmdSubmit);
+    click(w.ui->cmdNew);
+
+    // As long as a position can be typed, and nothing answered at all.
+    type(w.ui->cmbPosition, QString(60, u'岗'));
+    start(u"丙"_s, u"|-沟通"_s);
     EXPECT_EQ(w.ui->lblTime->text(), u"0"_s);
     EXPECT_FALSE(w.Timer1->isActive()) << "no time limit, no countdown";
-    answer(w.ui->fg1, 1, u'E');
-    answer(w.ui->fg1, 2, u'B');
-    click(w.ui->cmdSubmit);
-    EXPECT_EQ(
-        rowsOf(u"select TestingNumber, Name, ExamQuestions, FactQuestions, Score, TestingResult from TestingResult"_s),
-        u"1|甲|3|3|12|优秀\n2|乙|2|1|2|较差"_s);
-    EXPECT_EQ(rowsOf(u"select SelectAnswer, Score from TestingResultDetail where TestingID=2 order by ID"_s),
-              u"E|null\nB|2"_s);
-}
-
-TEST_F(Run, NothingAnsweredIsStoredAndReported) {
-    start(u"甲"_s, u"|-责任心"_s);
     click(w.ui->cmdSubmit);
     EXPECT_TRUE(w.ui->txtTestingResult->toPlainText().endsWith(u"测评得分：0\n测评结果："_s));
-    EXPECT_EQ(rowsOf(u"select Age, Score, FactQuestions, TestingResult from TestingResult"_s), u"0|null|null|null"_s);
-    EXPECT_EQ(rowsOf(u"select count(*) from TestingResultDetail where SelectAnswer=''"_s), u"3"_s);
+    EXPECT_EQ(rowsOf(u"select Name, len(PostName), ExamQuestions, FactQuestions, Score, TestingResult from "
+                     "TestingResult where SolutionID=0"_s),
+              u"甲|0|3|3|12|优秀\n丙|50|2|null|null|null"_s);
+    EXPECT_EQ(rowsOf(u"select count(*) from TestingResultDetail where SelectAnswer=''"_s), u"7"_s);
 }
 
 TEST_F(Run, CountdownSubmitsWhatIsMarked) {
@@ -85,20 +84,6 @@ TEST_F(Run, CountdownSubmitsWhatIsMarked) {
     w.ui->SSTab1->setCurrentIndex(0);
     answer(w.ui->fg1, 1, u'B');
     EXPECT_EQ(marks(w.ui->fg1), u"--"_s) << "clicks are ignored while cmdNew is visible";
-}
-
-TEST_F(Run, ModelAddsToTheMinutesLeftOver) {
-    start(u"甲"_s, u"|-责任心"_s);
-    ASSERT_EQ(w.ui->lblTime->text(), u"20"_s);
-    click(w.ui->cmdSubmit);
-    click(w.ui->cmdNew);
-    whenModal<frmModel>([](frmModel& model) { click(model.ui->cmdOK); });
-    start(u"乙"_s, u"|-销售经理模型"_s);
-    EXPECT_EQ(w.ui->lblTime->text(), u"41"_s);
-    click(w.ui->cmdSubmit);
-    click(w.ui->cmdNew);
-    start(u"丙"_s, u"|-逻辑推理"_s);
-    EXPECT_EQ(w.ui->lblTime->text(), u"1"_s);
 }
 
 TEST_F(Run, PositionChosenInMidRunEmptiesTheGrid) {
@@ -126,22 +111,6 @@ TEST_F(Run, DimensionBeyondTheThirdIsTakenForAnElement) {
     start(u"甲"_s, u"|-销售经理模型"_s);
     EXPECT_EQ(programEnds(), std::vector<ProgramEnd>{ProgramEnd::Failed});
     EXPECT_TRUE(script.last().text.contains(u"3021"_s)) << script.last().text.toStdString();
-}
-
-TEST_F(Run, PaperWithoutQuestionsStillRuns) {
-    cnnPublic.Execute(u"delete from ExaminationQuestion"_s);
-    start(u"甲"_s, u"|-责任心"_s);
-    EXPECT_EQ(w.ui->fg1->Rows(), 2);
-    EXPECT_TRUE(w.ui->cmdSubmit->isEnabled());
-    click(w.ui->cmdSubmit);
-    EXPECT_EQ(rowsOf(u"select ExamQuestions, Score from TestingResult"_s), u"0|null"_s);
-}
-
-TEST_F(Run, PositionTypedFreelyIsStoredAsTyped) {
-    type(w.ui->cmbPosition, u"顾问"_s);
-    start(u"甲"_s, u"|-责任心"_s);
-    click(w.ui->cmdSubmit);
-    EXPECT_EQ(rowsOf(u"select PostName from TestingResult"_s), u"顾问"_s);
 }
 
 // A step of the storing fails: no message, and the report shows what this connection can see.
