@@ -130,6 +130,15 @@ TEST(Embedded, QueriesBeyondTheSystemsOwn) {
     EXPECT_EQ(bank.run(u"select y from a where x=1"_s), u"1.5"_s);
 }
 
+TEST(Embedded, AnIndexDoesNotReorderRowsThatAskForNoOrder) {
+    test::EmbeddedBank bank;
+    for (const auto& question : {u"b"_s, u"c"_s, u"a"_s}) {
+        bank.session.Execute(u"insert into ExaminationQuestion (ExaminationID,QuestionName) values (1,'"_s + question +
+                             u"')"_s);
+    }
+    EXPECT_EQ(bank.run(u"Select QuestionName from ExaminationQuestion where ExaminationID=1"_s), u"b\nc\na"_s);
+}
+
 TEST(Embedded, AFailingStatementLeavesTheTransactionAsItWas) {
     test::EmbeddedBank bank;
     bank.session.Execute(u"create table t (n int not null)"_s);

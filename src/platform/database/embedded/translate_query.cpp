@@ -27,11 +27,24 @@ QString joinWord(JoinKind kind) {
     }
 }
 
+/// Whether `select` just reads rows of one table. Without an order of its own it then gives them as they were stored,
+/// which the questions of a paper rely on: an index must not lead it elsewhere.
+bool readsStoredRows(const Select& select) {
+    return select.from.size() == 1 && !select.from[0].source.derived && !select.distinct && select.top < 0 &&
+           select.groupBy.empty() && std::all_of(select.items.begin(), select.items.end(), [](const SelectItem& item) {
+               return !item.value || item.value->form == Form::Column;
+           });
+}
+
 }  // namespace
 
 Translator::Rows Translator::query(const Query& query, const Scope* outer) {
     if (query.parts.size() == 1) {
-        return select(query.parts[0], outer, query.order);
+        Rows rows = select(query.parts[0], outer, query.order);
+        if (!outer && query.order.empty() && readsStoredRows(query.parts[0])) {
+            rows.sql += u" ORDER BY rowid"_s;
+        }
+        return rows;
     }
     Rows rows = select(query.parts[0], outer, {});
     for (std::size_t i = 1; i < query.parts.size(); ++i) {
