@@ -42,6 +42,8 @@ bool isSalaryRange(const QString& text) {
 void frmTesting::wire() {
     Timer1 = new QTimer(window());
     Timer1->setInterval(minute);
+    // The common kind of timer may be off by seconds in a minute.
+    Timer1->setTimerType(Qt::PreciseTimer);
     // A longer text would fail to be stored, and the whole test with it.
     ui->cmbPosition->lineEdit()->setMaxLength(storedLength);
     ui->cmbSalary->lineEdit()->setMaxLength(storedLength);
