@@ -1,6 +1,5 @@
 #include "windows/journey_bank.h"
 
-#include "models/csolution.h"
 #include "organisation/cposition.h"
 #include "settings/coption.h"
 #include "testbank/cexamination.h"
@@ -23,35 +22,19 @@ void addType(const QString& name, const QString& parent) {
     done(cTestingType().AddNew(parent.isEmpty() ? u"parent"_s : u"child"_s, parent, name));
 }
 
-struct Paper {
-    QString typeCode;
-    QString number;
-    int answers;
-    int questions;
-    qint16 minutes;
-    bool finished = true;
-};
-
-void addPaper(const Paper& plan) {
+void addPaper(const QString& typeCode, const QString& number, int answers, int count, qint16 minutes) {
     cExamination paper;
-    paper.TypeCode = plan.typeCode;
-    paper.ExaminationNum = plan.number;
-    paper.AnswerAmount = static_cast<qint16>(plan.answers);
-    paper.TestingTime = plan.minutes;
-    paper.ScoreScope1 = u"0-3"_s;
-    paper.ScoreScope2 = u"4-7"_s;
-    paper.ScoreScope3 = u"8-15"_s;
-    paper.ScoreScope4 = u"-"_s;
-    paper.DescScope1 = u"较差"_s;
-    paper.DescScope2 = u"一般"_s;
-    paper.DescScope3 = u"优秀"_s;
-    paper.Status = plan.finished ? u"1 - 已完成"_s : u"0 - 建立中"_s;
+    paper.TypeCode = typeCode;
+    paper.ExaminationNum = number;
+    paper.AnswerAmount = static_cast<qint16>(answers);
+    paper.TestingTime = minutes;
+    paper.Status = u"1 - 已完成"_s;
     cQuestions questions;
-    for (int i = 1; i <= plan.questions; ++i) {
+    for (int i = 1; i <= count; ++i) {
         auto question = std::make_shared<cQuestion>();
         question->QuestionID = static_cast<qint16>(i);
-        question->QuestionName = u"%1 第%2题"_s.arg(plan.number).arg(i);
-        for (int a = 0; a < plan.answers; ++a) {
+        question->QuestionName = u"%1 第%2题"_s.arg(number).arg(i);
+        for (int a = 0; a < answers; ++a) {
             const auto at = static_cast<std::size_t>(a);
             (*question).*questionAnswers[at] = u"%1．做法%2"_s.arg(QChar(u'A' + a)).arg(a + 1);
             (*question).*questionScores[at] = static_cast<qint16>(a + 1);
@@ -62,29 +45,14 @@ void addPaper(const Paper& plan) {
 }
 
 void addModel() {
-    cSolution model;
-    model.SolutionName = u"销售经理模型"_s;
-    model.PostName = u"销售经理"_s;
-    model.Version = u"1.0"_s;
-    cDimensions lines;
-    const struct {
-        QString code;
-        QString name;
-        QString weighing;
-    } plan[] = {{u"001"_s, u"职业素养"_s, u"50%"_s},
-                {u"001001"_s, u"责任心"_s, u"50%"_s},
-                {u"002"_s, u"专业能力"_s, u"25%"_s},
-                {u"002001"_s, u"逻辑推理"_s, u"25%"_s}};
-    for (const auto& row : plan) {
-        auto line = std::make_shared<cDimension>();
-        line->ID = static_cast<qint16>(lines.Count() + 1);
-        line->TypeCode = row.code;
-        line->TypeName = row.name;
-        line->Score = u"5"_s;
-        line->Weighing = row.weighing;
-        lines.Add(line);
+    cnnPublic.Execute(
+        u"insert into TestingSolution (SolutionName, PostName, Version) values ('销售经理模型', '销售经理', '1.0')"_s);
+    for (const auto& line : {u"'001','职业素养',5,0.5"_s, u"'001001','责任心',5,0.5"_s, u"'002','专业能力',5,0.25"_s,
+                             u"'002001','逻辑推理',5,0.25"_s}) {
+        cnnPublic.Execute(
+            u"insert into TestingSolutionDetail (SolutionID, TypeCode, TypeName, Score, Weighing) values (1,"_s + line +
+            u')');
     }
-    done(model.AddNew(lines));
 }
 
 /// The grid rows of the questions, by the number that only they have in column 0.
@@ -107,11 +75,15 @@ JourneyTest::JourneyTest() {
     addType(u"诚信"_s, u"001"_s);
     addType(u"逻辑推理"_s, u"002"_s);
     addType(u"沟通"_s, u"002"_s);
-    addPaper({u"001001"_s, u"ZR-1"_s, 4, 3, 20});
-    addPaper({u"001002"_s, u"CX-1"_s, 4, 1, 20, false});
-    addPaper({u"002001"_s, u"LJ-1"_s, 2, 2, 1});
-    addPaper({u"002001"_s, u"LJ-2"_s, 2, 2, 1});
-    addPaper({u"002002"_s, u"GT-1"_s, 5, 2, 0});
+    addPaper(u"001001"_s, u"ZR-1"_s, 4, 3, 20);
+    addPaper(u"001002"_s, u"CX-1"_s, 4, 1, 20);
+    addPaper(u"002001"_s, u"LJ-1"_s, 2, 2, 1);
+    addPaper(u"002001"_s, u"LJ-2"_s, 2, 2, 1);
+    addPaper(u"002002"_s, u"GT-1"_s, 5, 2, 0);
+    cnnPublic.Execute(
+        u"update Examination set ScoreScope1='0-3', ScoreScope2='4-7', ScoreScope3='8-15', ScoreScope4='-', "
+        "DescScope1='较差', DescScope2='一般', DescScope3='优秀'"_s);
+    cnnPublic.Execute(u"update Examination set Status='0 - 建立中' where ExaminationNum='CX-1'"_s);
     done(cPosition::AddNew(u"parent"_s, QString(), u"总经理"_s, 1));
     done(cPosition::AddNew(u"child"_s, u"001"_s, u"销售经理"_s, 3));
     done(cPosition::AddNew(u"child"_s, u"001001"_s, u"销售专员"_s, 9));

@@ -29,12 +29,9 @@ TEST_F(Intake, OpensForAnOperator) {
     frmTesting& w = open();
     EXPECT_EQ(w.window()->windowTitle(), u"人员测评"_s);
     EXPECT_EQ(focused(), w.ui->txtID);
-    const QLineEdit* limited[] = {w.ui->txtID, w.ui->txtName, w.ui->txtAge, w.ui->cmbPosition->lineEdit(),
-                                  w.ui->cmbSalary->lineEdit()};
-    const int limits[] = {20, 20, 2, 50, 50};
-    for (std::size_t i = 0; i < std::size(limited); ++i) {
-        EXPECT_EQ(limited[i]->maxLength(), limits[i]) << i;
-    }
+    EXPECT_EQ((std::vector{w.ui->txtID->maxLength(), w.ui->txtName->maxLength(), w.ui->txtAge->maxLength(),
+                           w.ui->cmbPosition->lineEdit()->maxLength(), w.ui->cmbSalary->lineEdit()->maxLength()}),
+              (std::vector{20, 20, 2, 50, 50}));
     EXPECT_EQ(w.ui->txtID->toolTip(), u"淡黄背景表示必填项"_s);
     EXPECT_EQ(items(w.ui->cmbTypeName),
               (QStringList{u"职业素养=1001"_s, u"|-责任心=2001001"_s, u"|-诚信=2001002"_s, u"专业能力=1002"_s,
@@ -55,40 +52,38 @@ TEST_F(Intake, OpensForAnOperator) {
 TEST_F(Intake, ChecksInTheirOrder) {
     frmTesting& w = open();
     const QString noType = u"请选择一种具体的［测评类型］进行测评！"_s;
+    const QString noPaper = u"所选测评类型尚未设置测评试卷，请换一种测评类型！"_s;
+    const QString quote = u"文本框中不可输入字符［'］！"_s;
+    QWidget* const fields[] = {w.ui->txtID, w.ui->txtName, w.ui->txtAge, w.ui->cmbSalary};
     const struct {
-        const char* why;
-        QString id;
-        QString name;
-        QString age;
-        QString salary;
+        QString typed;  // into these fields
         QString typeName;
         QString words;
         QWidget* field;
     } table[] = {
-        {"number of blanks", u"  "_s, u""_s, u"x"_s, u"?"_s, u"素质模型"_s, u"［身份证号］不能为空！"_s, w.ui->txtID},
-        {"name of blanks", u"1"_s, u"  "_s, u"x"_s, u"?"_s, u"素质模型"_s, u"［姓名］不能为空！"_s, w.ui->txtName},
-        {"age", u"1"_s, u"a"_s, u"x"_s, u"?"_s, u"素质模型"_s, u"［年龄］中只能输入数字！"_s, w.ui->txtAge},
-        {"salary", u"1"_s, u"a'"_s, u"30"_s, u"面议"_s, u"素质模型"_s, u"［薪资范围］输入不合法，请重新输入！"_s,
-         w.ui->cmbSalary},
-        {"heading", u"1"_s, u"a"_s, u""_s, u""_s, u"素质模型"_s, noType, w.ui->cmbTypeName},
-        {"main type", u"1"_s, u"a"_s, u"5"_s, u"~"_s, u"专业能力"_s, noType, w.ui->cmbTypeName},
-        {"no finished paper", u"1"_s, u"a'"_s, u""_s, u"1~2~3"_s, u"|-诚信"_s,
-         u"所选测评类型尚未设置测评试卷，请换一种测评类型！"_s, w.ui->cmbExamNum},
-        {"quote", u"1'"_s, u"a"_s, u""_s, u""_s, u"|-沟通"_s, u"文本框中不可输入字符［'］！"_s, w.ui->txtName},
+        {u"  ||x|?"_s, u"素质模型"_s, u"［身份证号］不能为空！"_s, w.ui->txtID},
+        {u"1|  |x|?"_s, u"素质模型"_s, u"［姓名］不能为空！"_s, w.ui->txtName},
+        {u"1|a|x|?"_s, u"素质模型"_s, u"［年龄］中只能输入数字！"_s, w.ui->txtAge},
+        {u"1|a'|30|4０00"_s, u"素质模型"_s, u"［薪资范围］输入不合法，请重新输入！"_s, w.ui->cmbSalary},
+        {u"1|a||"_s, u"素质模型"_s, noType, w.ui->cmbTypeName},
+        {u"1|a|5|~"_s, u"专业能力"_s, noType, w.ui->cmbTypeName},
+        {u"1|a'||1~2~3"_s, u"|-诚信"_s, noPaper, w.ui->cmbExamNum},
+        {u"1'|a||"_s, u"|-沟通"_s, quote, w.ui->txtName},
+        {u"1|a'||"_s, u"|-销售经理模型"_s, quote, w.ui->txtName},
     };
     for (const auto& row : table) {
         PromptScript script;
-        retype(w.ui->txtID, row.id);
-        retype(w.ui->txtName, row.name);
-        retype(w.ui->txtAge, row.age);
-        retype(w.ui->cmbSalary, row.salary);
+        const QStringList texts = row.typed.split(u'|');
+        for (int i = 0; i < 4; ++i) {
+            retype(fields[i], texts[i]);
+        }
         choose(w.ui->cmbTypeName, row.typeName);
         script.expect(vbOK, row.words);
         click(w.ui->cmdStart);
-        EXPECT_EQ(script.last().style, vbExclamation) << row.why;
-        EXPECT_EQ(focused(), row.field) << row.why;
-        EXPECT_TRUE(w.ui->cmdStart->isEnabled()) << row.why;
-        EXPECT_EQ(w.ui->fg1->Rows(), 1) << row.why;
+        EXPECT_EQ(script.last().style, vbExclamation) << row.words.toStdString();
+        EXPECT_EQ(focused(), row.field) << row.words.toStdString();
+        EXPECT_TRUE(w.ui->cmdStart->isEnabled()) << row.words.toStdString();
+        EXPECT_EQ(w.ui->fg1->Rows(), 1) << row.words.toStdString();
     }
 }
 

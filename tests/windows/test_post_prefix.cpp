@@ -27,22 +27,5 @@ TEST(PostPrefixes, ShowTheDepthDownToTheFifthLevel) {
     }
 }
 
-TEST(PostPrefixes, TwoWaysToTheBareName) {
-    const struct {
-        QString text;
-        QString behindPrefix;
-        QString name;
-    } table[] = {
-        {u"|-销售经理"_s, u"销售经理"_s, u"销售经理"_s},
-        {u"||||-客户专员"_s, u"客户专员"_s, u"客户专员"_s},
-        {u"总经理"_s, u"经理"_s, u"总经理"_s},
-        {u"|-a|-b"_s, u"a|-b"_s, u"a|-b"_s},
-    };
-    for (const auto& row : table) {
-        EXPECT_EQ(textBehindPrefix(row.text), row.behindPrefix);
-        EXPECT_EQ(postNameOf(row.text), row.name);
-    }
-}
-
 }  // namespace
 }  // namespace talvora
