@@ -12,6 +12,8 @@
 
 #include <QFontMetricsF>
 #include <QPlainTextEdit>
+#include <QTextDocument>
+#include <QTextOption>
 
 #include <algorithm>
 
@@ -22,17 +24,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Makes the columns of a report wide enough for its longest name.
+/// Makes the first column of a report as wide as its longest name, the second as wide as its head.
 void alignColumns(QPlainTextEdit& report) {
+    constexpr int gap = 2;   // characters
+    constexpr int head = 4;  // characters
     const QFontMetricsF metrics(report.font());
-    qreal widest = 0;
+    const qreal character = metrics.horizontalAdvance(u'字');
+    qreal longest = 0;
     const auto lines = report.toPlainText().split(u'\n');
     for (const auto& line : lines) {
         if (const auto end = line.indexOf(u'\t'); end >= 0) {
-            widest = std::max(widest, metrics.horizontalAdvance(line.left(end)));
+            longest = std::max(longest, metrics.horizontalAdvance(line.left(end)));
         }
     }
-    report.setTabStopDistance(widest + metrics.horizontalAdvance(u"　　"_s));
+    const qreal scores = longest + gap * character;
+    QTextOption option = report.document()->defaultTextOption();
+    option.setTabArray({scores, scores + (head + gap) * character});
+    report.document()->setDefaultTextOption(option);
 }
 
 }  // namespace
