@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QWidget>
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
@@ -64,12 +65,15 @@ int startProgram(int& argc, char** argv) {
     return application.run(Main);
 }
 
-/// An empty window is its frame alone, or its frame and one Chinese label, for which Qt has to load the fonts.
-int startEmptyWindow(int& argc, char** argv, bool withText) {
+/// An empty window is its frame alone, or its frame with one Chinese label, for which Qt has to load the fonts.
+int startEmptyWindow(int& argc, char** argv, bool withLabel) {
     QApplication application(argc, argv);
     FirstPaint painted;
     application.installEventFilter(&painted);
-    QLabel window(withText ? u"登录"_s : QString());
+    QWidget window;
+    if (withLabel) {
+        new QLabel(u"登录"_s, &window);
+    }
     window.show();
     return QApplication::exec();
 }
