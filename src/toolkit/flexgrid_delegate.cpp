@@ -94,7 +94,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     painter->save();
     const QVariant back = index.data(Qt::BackgroundRole);
     const QColor ground = back.isValid() ? back.value<QColor>() : theme::Surface;
-    painter->fillRect(option.rect, option.state & QStyle::State_Selected ? grid::selected(ground) : ground);
+    grid::fillCrisp(*painter, option.rect, option.state & QStyle::State_Selected ? grid::selected(ground) : ground);
     grid::lineBelow(*painter, option.rect, theme::Line);
     if (columnLines) {
         grid::lineRightOf(*painter, option.rect, theme::Line);

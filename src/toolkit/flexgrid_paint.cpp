@@ -19,16 +19,6 @@ qreal scaleOf(const QPainter& painter) {
     return painter.device()->devicePixelRatioF();
 }
 
-// A rectangle with its edges on device pixels, at least one of them wide.
-void fillCrisp(QPainter& painter, const QRectF& area, const QColor& color) {
-    const qreal scale = scaleOf(painter);
-    const qreal left = std::round(area.left() * scale);
-    const qreal top = std::round(area.top() * scale);
-    const qreal width = std::max(1.0, std::round(area.width() * scale));
-    const qreal height = std::max(1.0, std::round(area.height() * scale));
-    painter.fillRect(QRectF(left / scale, top / scale, width / scale, height / scale), color);
-}
-
 // Breaks as Chinese does: no line begins with a comma or a full stop.
 qreal breakLines(QTextLayout& layout, Qt::Alignment align, int width) {
     QTextOption option(align & Qt::AlignHorizontal_Mask);
@@ -50,6 +40,18 @@ QString withLineSeparators(QString text) {
 }
 
 }  // namespace
+
+void fillCrisp(QPainter& painter, const QRectF& area, const QColor& color) {
+    // By the device's own coordinates: at 150 % a grid and its rows may begin between two pixels, and a row's ground
+    // would then cover the line of the row above.
+    const QTransform toDevice = painter.deviceTransform();
+    const QRectF onDevice = toDevice.mapRect(area);
+    const qreal left = std::round(onDevice.left());
+    const qreal top = std::round(onDevice.top());
+    const qreal width = std::max(1.0, std::round(onDevice.right()) - left);
+    const qreal height = std::max(1.0, std::round(onDevice.bottom()) - top);
+    painter.fillRect(toDevice.inverted().mapRect(QRectF(left, top, width, height)), color);
+}
 
 int rowHeight(const QFontMetrics& metrics) {
     return std::max(theme::RowHeight, metrics.lineSpacing() + 2 * PaddingY);

@@ -17,6 +17,10 @@ int rowHeight(const QFontMetrics& metrics);
 /// `ground` as it looks under a selection.
 QColor selected(const QColor& ground);
 
+/// Fills a rectangle with its edges on whole device pixels, at least one of them wide, so that neighbours neither
+/// overlap nor leave a gap.
+void fillCrisp(QPainter& painter, const QRectF& area, const QColor& color);
+
 /// Lines as wide as the display's finest crisp line, on whole device pixels at every scale.
 void lineBelow(QPainter& painter, const QRect& cell, const QColor& color);
 void lineRightOf(QPainter& painter, const QRect& cell, const QColor& color);

@@ -94,7 +94,7 @@ void FlexGrid::paintBeyond(QPainter& painter, const QModelIndex& first) const {
         const QVariant back = model_->index(row, Cols() - 1).data(Qt::BackgroundRole);
         const QColor ground = back.isValid() ? back.value<QColor>() : theme::Surface;
         const bool selected = selectionBehavior() == SelectRows && selectionModel()->rowIntersectsSelection(row);
-        painter.fillRect(strip, selected ? grid::selected(ground) : ground);
+        grid::fillCrisp(painter, strip, selected ? grid::selected(ground) : ground);
         grid::lineBelow(painter, strip, theme::Line);
     }
 }
