@@ -41,21 +41,16 @@ QString declaration(const SqlType& type) {
     switch (type.kind) {
         case Kind::Bit:
             return u"bit int"_s;
-        case Kind::SmallInt:
-            return u"smallint"_s;
-        case Kind::Int:
-            return u"int"_s;
-        case Kind::BigInt:
-            return u"bigint"_s;
         case Kind::Real:
             return u"real"_s;
         case Kind::DateTime:
             return u"datetime text"_s;
         case Kind::Null:
         case Kind::Text:
-            break;
+            return type.length == SqlType::Unlimited ? u"text"_s : u"nvarchar(%1)"_s.arg(type.length);
+        default:
+            return typeWord(type.kind);
     }
-    return type.length == SqlType::Unlimited ? u"text"_s : u"nvarchar(%1)"_s.arg(type.length);
 }
 
 SqlType declaredType(const QString& declaration) {
