@@ -3,6 +3,7 @@
 #include "platform/database/embedded/embedded_driver.h"
 #include "platform/embedded_bank.h"
 #include "platform/runtime_error.h"
+#include "support/error_of.h"
 
 #include <QStringList>
 #include <QTemporaryDir>
@@ -12,6 +13,7 @@
 #include <vector>
 
 using namespace talvora;
+using test::errorOf;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,15 +28,6 @@ class ConnectionTest : public testing::Test {
     }
 
     void insert(int id) { session_.Execute(u"insert into t (id) values (%1)"_s.arg(id)); }
-
-    static int errorOf(const std::function<void()>& step) {
-        try {
-            step();
-            return 0;
-        } catch (const RuntimeError& error) {
-            return error.number();
-        }
-    }
 
     /// The ids that another session sees, as one text.
     QString stored() const {

@@ -2,27 +2,19 @@
 #include "platform/numbers.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
+#include "support/error_of.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <limits>
 #include <optional>
 #include <vector>
 
 using namespace talvora;
+using test::errorOf;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-int errorOf(const std::function<void()>& step) {
-    try {
-        step();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-}
 
 void addText(Recordset& rows, const QString& text) {
     rows.addText(reinterpret_cast<const char16_t*>(text.utf16()), text.size());
