@@ -19,6 +19,7 @@ inline constexpr QColor Required{0xff, 0xfb, 0xd6};    ///< required fields, and
 inline constexpr QColor Window{0xf5, 0xf6, 0xf8};
 inline constexpr QColor Surface{0xff, 0xff, 0xff};
 inline constexpr QColor Header{0xee, 0xf1, 0xf5};
+inline constexpr QColor Workspace{0xd3, 0xd8, 0xe0};  ///< a grey ground that sets rows apart from their neighbours
 inline constexpr QColor Line{0xdd, 0xe1, 0xe7};
 inline constexpr QColor Text{0x1e, 0x26, 0x32};
 inline constexpr QColor TextQuiet{0x5c, 0x67, 0x76};
