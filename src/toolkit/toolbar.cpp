@@ -17,6 +17,7 @@ constexpr int ElementNotFound = 35601;
 constexpr int IconSize = 24;
 constexpr char KeyProperty[] = "key";
 constexpr char CaptionProperty[] = "caption";
+constexpr char PictureProperty[] = "picture";
 
 // An ampersand in a caption is itself: the names of saved searches are their users' words.
 template <class Labelled>
@@ -38,14 +39,16 @@ ToolBar::ToolBar(QWidget* parent) : QToolBar(parent) {
     setContextMenuPolicy(Qt::PreventContextMenu);
 }
 
-void ToolBar::addButton(const QString& key, const QString& caption, Kind kind) {
+void ToolBar::addButton(const QString& key, const QString& caption, Kind kind, const QString& picture) {
     auto* button = new QToolButton(this);
+    const QString pictureName = picture.isEmpty() ? key : picture;
     button->setProperty(KeyProperty, key);
+    button->setProperty(PictureProperty, pictureName);
     button->setFocusPolicy(Qt::TabFocus);
     button->setAutoRaise(true);
     button->setAccessibleName(caption.trimmed());
     label(*button, caption);
-    button->setIcon(icon(key));
+    button->setIcon(icon(pictureName));
     if (kind != Kind::Command) {
         button->setMenu(new QMenu(button));
         button->setPopupMode(kind == Kind::Split ? QToolButton::MenuButtonPopup : QToolButton::InstantPopup);
@@ -100,7 +103,8 @@ void ToolBar::setCaption(const QString& key, const QString& text) {
 void ToolBar::setUsable(const QString& key, bool usable) {
     QToolButton* found = button(key);
     found->setEnabled(usable);
-    found->setIcon(icon(usable ? key : key + u'1'));
+    const QString pictureName = found->property(PictureProperty).toString();
+    found->setIcon(icon(usable ? pictureName : pictureName + u'1'));
 }
 
 QToolButton* ToolBar::button(const QString& key) const {

@@ -20,7 +20,8 @@ class ToolBar : public QToolBar {
 
     explicit ToolBar(QWidget* parent = nullptr);
 
-    void addButton(const QString& key, const QString& caption, Kind kind = Kind::Command);
+    /// `picture` is the icon's name where that isn't the key.
+    void addButton(const QString& key, const QString& caption, Kind kind = Kind::Command, const QString& picture = {});
     /// Adds an entry to the menu of a button, which becomes a dropdown if it was a plain one.
     void addMenuEntry(const QString& buttonKey, const QString& entryKey, const QString& caption);
     void clearMenu(const QString& buttonKey);
