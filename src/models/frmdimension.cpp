@@ -1,0 +1,82 @@
+#include "models/frmdimension.h"
+
+#include "models/importance.h"
+#include "platform/numbers.h"
+#include "platform/text.h"
+#include "testbank/ctestingtype.h"
+
+#include <algorithm>
+
+namespace talvora {
+
+using namespace Qt::StringLiterals;
+
+void frmDimension::wire() {
+    on(ui->cmbImportant, &ComboBox::Click, &frmDimension::cmbImportant_Click);
+    on(ui->Command1, &QPushButton::clicked, &frmDimension::Command1_Click);
+    on(ui->Command2, &QPushButton::clicked, &frmDimension::Command2_Click);
+}
+
+void frmDimension::Form_Load() {
+    ResultLines.Clear();
+    for (const QString& entry : importanceEntries()) {
+        ui->cmbImportant->AddItem(entry);
+    }
+    if (AddMode) {
+        fillTypes();
+        ui->cmbImportant->setListIndex(0);
+    } else {
+        const auto line = InputLines.Item(1);
+        ui->cmbType->AddItem(line->TypeCode + u' ' + line->TypeName);
+        // The word sets the middle of its band, so the line's own score goes in behind it.
+        ui->cmbImportant->setListIndex(importanceOf(line->Score));
+        ui->txtScore->setText(line->Score);
+    }
+    if (ui->cmbType->ListCount() > 0) {
+        ui->cmbType->setListIndex(0);
+    }
+}
+
+// A type that stands in the model is known by its name here, in contrast to the elements, which go by their code.
+void frmDimension::fillTypes() {
+    cTestingTypes types;
+    for (const auto& type : types.Find(u"1"_s, QString())) {
+        const QString name = type->Name;
+        const bool taken =
+            std::any_of(InputLines.begin(), InputLines.end(), [&](const auto& line) { return line->TypeName == name; });
+        if (!taken) {
+            ui->cmbType->AddItem(type->NowCode + u' ' + name);
+        }
+    }
+}
+
+void frmDimension::cmbImportant_Click() {
+    ui->txtScore->setText(middleScoreOf(ui->cmbImportant->text()));
+}
+
+void frmDimension::Command1_Click() {
+    const QString score = ui->txtScore->text();
+    if (!isNumeric(score)) {
+        warn(u"［分数］只能为数字型！"_s, ui->txtScore);
+        return;
+    }
+    if (const QString refusal = scoreRefusal(ui->cmbImportant->text(), score); !refusal.isEmpty()) {
+        warn(refusal, ui->txtScore);
+        return;
+    }
+    constexpr qsizetype codeDigits = 3;
+    ResultLines.Clear();
+    auto line = std::make_shared<cDimension>();
+    line->TypeCode = ui->cmbType->text().left(codeDigits);
+    line->TypeName = dropLeft(ui->cmbType->text(), codeDigits + 1);
+    line->Score = score;
+    ResultLines.Add(line);
+    Unload();
+}
+
+void frmDimension::Command2_Click() {
+    ResultLines.Clear();
+    Unload();
+}
+
+}  // namespace talvora

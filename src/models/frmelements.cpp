@@ -1,0 +1,128 @@
+#include "models/frmelements.h"
+
+#include "models/importance.h"
+#include "platform/numbers.h"
+#include "platform/text.h"
+#include "testbank/ctestingtype.h"
+
+#include <algorithm>
+
+namespace talvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype dimensionDigits = 3;
+constexpr qsizetype elementDigits = 6;
+
+}  // namespace
+
+void frmElements::wire() {
+    on(ui->cmbType, &ComboBox::Click, &frmElements::cmbType_Click);
+    on(ui->cmbImportant, &ComboBox::Click, &frmElements::cmbImportant_Click);
+    on(ui->Command1, &QPushButton::clicked, &frmElements::Command1_Click);
+    on(ui->Command2, &QPushButton::clicked, &frmElements::Command2_Click);
+}
+
+void frmElements::Form_Load() {
+    ResultLines.Clear();
+    fillTypes();
+    for (const QString& entry : importanceEntries()) {
+        ui->cmbImportant->AddItem(entry);
+    }
+    ui->cmbImportant->setListIndex(0);
+    if (!AddMode) {
+        showLine(*InputLines.Item(1));
+    }
+}
+
+// The dimensions of the model. A line under edit stands here with its own code, whose first digits are its dimension's.
+void frmElements::fillTypes() {
+    QString last;
+    for (const auto& line : InputLines) {
+        const QString entry = line->TypeCode + u' ' + line->TypeName;
+        const bool first = ui->cmbType->ListCount() == 0;
+        if (first || (line->TypeCode.size() == dimensionDigits && entry != last)) {
+            ui->cmbType->AddItem(entry);
+            last = entry;
+        }
+    }
+    if (ui->cmbType->ListCount() > 0) {
+        ui->cmbType->setListIndex(0);
+    }
+}
+
+void frmElements::showLine(const cDimension& line) {
+    if (const int importance = importanceOf(line.Score); importance >= 0) {
+        ui->cmbImportant->setListIndex(importance);
+    }
+    ui->txtScore->setText(line.Score);
+    // The line's own element is not in the list, and the first entry is not looked at. Both are meant: editing
+    // replaces the element.
+    for (int i = 1; i < ui->cmbElements->ListCount(); ++i) {
+        if (ui->cmbElements->List(i).left(elementDigits) == line.TypeCode) {
+            ui->cmbElements->setListIndex(i);
+            ui->cmbElements->setEnabled(false);
+        }
+    }
+}
+
+void frmElements::cmbType_Click() {
+    ui->cmbElements->Clear();
+    cTestingTypes types;
+    for (const auto& type : types.Find(u"2"_s, ui->cmbType->text().left(dimensionDigits))) {
+        const bool taken = std::any_of(InputLines.begin(), InputLines.end(),
+                                       [&](const auto& line) { return line->TypeCode == type->NowCode; });
+        if (!taken) {
+            ui->cmbElements->AddItem(type->NowCode + u' ' + type->Name);
+        }
+    }
+    if (ui->cmbElements->ListCount() > 0) {
+        ui->cmbElements->setListIndex(0);
+    }
+}
+
+void frmElements::cmbImportant_Click() {
+    ui->txtScore->setText(middleScoreOf(ui->cmbImportant->text()));
+}
+
+bool frmElements::passesChecks() {
+    if (ui->cmbElements->text().isEmpty()) {
+        warn(u"［测评要素］不能为空！"_s, ui->cmbElements);
+        return false;
+    }
+    if (trimBlanks(ui->txtScore->text()).isEmpty()) {
+        warn(u"请输入［分数］的值！"_s, ui->txtScore);
+        return false;
+    }
+    if (!isNumeric(ui->txtScore->text())) {
+        warn(u"［分数］只能为数字型！"_s, ui->txtScore);
+        return false;
+    }
+    const QString refusal = scoreRefusal(ui->cmbImportant->text(), ui->txtScore->text());
+    if (!refusal.isEmpty()) {
+        warn(refusal, ui->txtScore);
+    }
+    return refusal.isEmpty();
+}
+
+void frmElements::Command1_Click() {
+    if (!passesChecks()) {
+        return;
+    }
+    ResultLines.Clear();
+    auto line = std::make_shared<cDimension>();
+    line->TypeCode = ui->cmbElements->text().left(elementDigits);
+    line->TypeName = dropLeft(ui->cmbElements->text(), elementDigits + 1);
+    line->Score = ui->txtScore->text();
+    ResultLines.Add(line);
+    Unload();
+}
+
+void frmElements::Command2_Click() {
+    ResultLines.Clear();
+    Unload();
+}
+
+}  // namespace talvora
