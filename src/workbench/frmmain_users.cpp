@@ -1,0 +1,76 @@
+#include "access/cuser.h"
+#include "access/frmpassword.h"
+#include "access/frmuser.h"
+#include "core/mdlpublic.h"
+#include "workbench/frmmain.h"
+#include "workbench/list_commands.h"
+
+namespace talvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isAdmin(const QString& userName) {
+    return userName == "admin"_L1;
+}
+
+void add(const frmMain& main) {
+    frmUser& dialog = frmUser::Default();
+    dialog.AddMode = true;
+    dialog.ShowModal();
+    refill(main);
+}
+
+void changePassword(const QString& userName) {
+    frmPassword& dialog = frmPassword::Default();
+    dialog.UserNameOf = userName;
+    dialog.ShowModal();
+}
+
+// Others than "admin" change their own password here, whichever row is the current one.
+void edit(const frmMain& main, int row) {
+    FlexGrid& list = *main.ui->fg;
+    if (row == 0 && refuse(u"已经没有记录可以修改！"_s)) {
+        return;
+    }
+    if (!isAdmin(strCurrentUser) || isAdmin(list.TextMatrix(row, 1))) {
+        changePassword(strCurrentUser);
+        return;
+    }
+    frmUser& dialog = frmUser::Default();
+    dialog.AddMode = false;
+    dialog.UserIDOf = keyOf(list, row);
+    dialog.ShowModal();
+    refill(main);
+    selectRow(list, row);
+}
+
+void deleteUser(FlexGrid& list, int row) {
+    if ((row == 0 && refuse(u"已经没有记录可以删除！"_s)) ||
+        (isAdmin(list.TextMatrix(row, 1)) && refuse(u"［admin］为系统用户，不能删除！"_s)) ||
+        (!isAdmin(strCurrentUser) && refuse(u"［"_s + strCurrentUser + u"］由系统用户创建，您无权删除！"_s)) ||
+        !confirmed(u"您确定删除当前所选的［用户］吗？"_s)) {
+        return;
+    }
+    // The status is not looked at, which is meant; so with the other lists that take the row off at once.
+    cUser::Delete(keyOf(list, row));
+    takeOff(list, row);
+}
+
+}  // namespace
+
+void frmMain::tbrUsers_ButtonClick(const QString& key) {
+    const int row = chosenRow(*ui->fg);
+    if (key == "add"_L1) {
+        add(*this);
+    } else if (key == "edit"_L1) {
+        edit(*this, row);
+    } else if (key == "del"_L1) {
+        deleteUser(*ui->fg, row);
+    } else {
+        runListCommand(*this, key, u"用户一览表"_s);
+    }
+}
+
+}  // namespace talvora

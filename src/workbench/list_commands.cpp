@@ -1,0 +1,74 @@
+#include "workbench/list_commands.h"
+
+#include "platform/numbers.h"
+#include "platform/text.h"
+#include "results/export_list.h"
+#include "toolkit/prompts.h"
+#include "toolkit/twips.h"
+#include "workbench/detail_views.h"
+#include "workbench/frmmain.h"
+#include "workbench/module_views.h"
+
+#include <algorithm>
+
+namespace talvora {
+
+using namespace Qt::StringLiterals;
+
+int chosenRow(const FlexGrid& list) {
+    return list.Row() >= list.FixedRows() ? list.Row() : 0;
+}
+
+void selectRow(FlexGrid& list, int row) {
+    const int existing = std::min(row, list.Rows() - 1);
+    if (existing >= list.FixedRows()) {
+        list.Select(existing, 1, existing, list.Cols() - 1);
+    }
+}
+
+qint16 keyOf(const FlexGrid& list, int row) {
+    return toInt16(list.TextMatrix(row, 0));
+}
+
+bool refuse(const QString& text) {
+    MsgBox(text, vbExclamation);
+    return true;
+}
+
+bool confirmed(const QString& question) {
+    return MsgBox(question, ConfirmStyle) == vbYes;
+}
+
+void refill(const frmMain& main) {
+    FillModuleGrid(*main.ui->fg, main.strCurrentModule);
+}
+
+void takeOff(FlexGrid& list, int row) {
+    list.RemoveItem(row);
+    selectRow(list, chosenRow(list));
+}
+
+void runListCommand(const frmMain& main, const QString& key, const QString& title) {
+    if (key == "export"_L1 || key == "print"_L1) {
+        ExportList(*main.ui->fg, key == "print"_L1, title, *main.ui->PrsBar);
+    } else if (key == "exit"_L1) {
+        endProgram(ProgramEnd::Orderly);
+    }
+}
+
+void toggleDetail(frmMain& main, ToolBar& toolbar, const DetailCaptions& captions) {
+    const QString key = u"detail"_s;
+    if (trimBlanks(toolbar.caption(key)) != captions.show) {
+        toolbar.setCaption(key, captions.showAgain);
+        main.closeDetailGrid();
+        return;
+    }
+    FlexGrid& detail = *main.ui->fgDetail;
+    toolbar.setCaption(key, captions.hide);
+    main.PlaceDetailGrid(toTwips(detail.y()), detail);
+    if (chosenRow(*main.ui->fg) > 0) {
+        FillDetailGrid(main.strCurrentModule, *main.ui->fg, detail);
+    }
+}
+
+}  // namespace talvora
