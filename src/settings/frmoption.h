@@ -1,0 +1,19 @@
+#pragma once
+
+#include "toolkit/form.h"
+#include "ui_frmoption.h"
+
+namespace talvora {
+
+/// The dialog for the four settings of the installation.
+class frmOption : public DesignedForm<frmOption, Ui::frmOption> {
+ protected:
+    void wire() override;
+    void Form_Load() override;
+
+ private:
+    void cmdOK_Click();
+    void cmdClose_Click();
+};
+
+}  // namespace talvora
