@@ -18,9 +18,9 @@ namespace talvora {
 /// A window of the program as an object with public fields, which are its interface. The object outlives its window:
 /// the controls are made when the form is loaded and are gone when it is unloaded, the fields stay.
 ///
-/// The base gives what every window does: Enter in a field moves on like Tab, required fields are pale yellow, a
-/// button with the property `cancel` answers Escape, the close box unloads, the window is centred over its owner and
-/// never larger than its screen.
+/// The base gives what every window does: Enter in a field moves on like Tab (but not in a list with the property
+/// `keepsEnter`), required fields are pale yellow, a button with the property `cancel` answers Escape, the close box
+/// unloads, the window is centred over its owner and never larger than its screen.
 class Form {
  public:
     Form() = default;

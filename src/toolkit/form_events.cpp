@@ -37,7 +37,7 @@ bool isWithinList(const QWidget& widget) {
 
 bool isField(const QWidget& widget) {
     return isOneOf<QLineEdit, QComboBox, QAbstractSpinBox, QCheckBox, QRadioButton, QAbstractItemView>(widget) &&
-           !isWithinList(widget);
+           !isWithinList(widget) && !widget.property("keepsEnter").toBool();
 }
 
 bool enterPressed(QWidget& receiver) {
