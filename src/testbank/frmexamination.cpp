@@ -6,6 +6,8 @@
 #include "toolkit/prompts.h"
 #include "toolkit/quotes.h"
 
+#include <QToolButton>
+
 // The editor of a paper but for its questions: how it opens, and what OK does.
 namespace talvora {
 
@@ -34,6 +36,12 @@ void frmExamination::wire() {
     ui->Toolbar1->addButton(u"add"_s, u"增加题目"_s);
     ui->Toolbar1->addButton(u"edit"_s, u"修改题目"_s);
     ui->Toolbar1->addButton(u"del"_s, u"删除题目"_s);
+    // The bar's buttons are not in the .ui file's order.
+    QWidget* before = ui->txtAnswerAmount;
+    for (const QString& key : ui->Toolbar1->keys()) {
+        QWidget::setTabOrder(before, ui->Toolbar1->button(key));
+        before = ui->Toolbar1->button(key);
+    }
     on(ui->cmbTestingType, &ComboBox::Click, &frmExamination::cmbTestingType_Click);
     on(ui->Toolbar1, &ToolBar::ButtonClick, &frmExamination::Toolbar1_ButtonClick);
     on(ui->Command1, &QPushButton::clicked, &frmExamination::Command1_Click);
