@@ -46,6 +46,8 @@ void ToolBar::addButton(const QString& key, const QString& caption, Kind kind, c
     button->setProperty(PictureProperty, pictureName);
     button->setFocusPolicy(Qt::TabFocus);
     button->setAutoRaise(true);
+    // The bar hands its style on to actions only.
+    button->setToolButtonStyle(toolButtonStyle());
     button->setAccessibleName(caption.trimmed());
     label(*button, caption);
     button->setIcon(icon(pictureName));
