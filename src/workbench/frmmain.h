@@ -45,28 +45,27 @@ class frmMain : public DesignedForm<frmMain, Ui::frmMain> {
     // The frame.
     void wireToolBars();
     void wireMenu();
-    void restorePlace();
     void openFirstModule();
     bool mayOpen(const QString& module) const;
     void openModule(const QString& module);
-    /// Runs the menu command of a module by its key in lower case; false when it has none.
-    bool runModuleCommand(const QString& module);
+    /// Runs the menu command of a module by its key in lower case, if it has one.
+    void runModuleCommand(const QString& module);
     void tvTreeView_NodeClick(QTreeWidgetItem* node);
-    /// Selects a row of the list from column 1 to the last.
-    void selectRow(int row);
     ToolBar* toolBarOf(const QString& module) const;
 
     // The layout.
     void wireLayout();
+    void restorePlace();
+    void savePlace();
+    void showTime();
     void Form_Resize();
-    int listHeight() const;
-    void placeSplitters(int x);
-    void moveGhost(QFrame* ghost, int place, int limit, int room);
+    /// Where the tree ends, and the area of the panes with it.
+    int treeBottom() const;
     void imgSplitter_MouseDown();
-    void imgSplitter_MouseMove(QPoint place);
+    void imgSplitter_MouseMove(QPoint position);
     void imgSplitter_MouseUp();
     void ImgVertical_MouseDown();
-    void ImgVertical_MouseMove(QPoint place);
+    void ImgVertical_MouseMove(QPoint position);
     void ImgVertical_MouseUp();
     void moveFocusOn();
 

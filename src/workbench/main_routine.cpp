@@ -1,13 +1,15 @@
 #include "workbench/main_routine.h"
 
-#include "assessment/frmtesting.h"
 #include "core/mdlpublic.h"
 #include "toolkit/prompts.h"
 #include "workbench/frmlogin.h"
+#include "workbench/frmmain.h"
 
 namespace talvora {
 
 using namespace Qt::StringLiterals;
+
+std::unique_ptr<frmMain> fMainForm;
 
 void Main() {
     if (!ConnectServer()) {
@@ -20,9 +22,9 @@ void Main() {
         return;
     }
     login.Unload();
-    frmTesting& testing = frmTesting::Default();
-    testing.Show();
-    testing.runUntilUnloaded();
+    fMainForm = std::make_unique<frmMain>();
+    fMainForm->Show();
+    fMainForm->runUntilUnloaded();
 }
 
 }  // namespace talvora

@@ -1,6 +1,8 @@
+#include "platform/user_settings.h"
 #include "tests/support/prompt_script.h"
 #include "toolkit/application.h"
 
+#include <QTemporaryDir>
 #include <gmock/gmock.h>
 
 #include <cstdio>
@@ -24,6 +26,8 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(report);
     ::testing::InitGoogleMock(&argc, argv);
     talvora::Application application(argc, argv);
+    const QTemporaryDir settings;
+    talvora::setUserSettingsFile(settings.filePath(QStringLiteral("settings.ini")));
     // In charge where no other script is: every prompt fails the test.
     talvora::test::PromptScript noAnswers;
     return RUN_ALL_TESTS();
