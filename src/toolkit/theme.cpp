@@ -1,11 +1,12 @@
 #include "toolkit/theme.h"
 
+#include "toolkit/style.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QFontDatabase>
 #include <QPalette>
 #include <QStyle>
-#include <QStyleFactory>
 #include <QWidget>
 
 // A static library's resources are linked in only where they are asked for, and the macro wants the global namespace.
@@ -96,7 +97,7 @@ QFont theme::interfaceFont() {
 }
 
 void applyTheme(QApplication& application) {
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setStyle(new Style);
     QApplication::setPalette(palette());
     QApplication::setFont(theme::interfaceFont());
     application.setStyleSheet(styleSheet());
