@@ -20,7 +20,12 @@ UpDown::UpDown(QWidget* parent) : QWidget(parent) {
     layout->setSpacing(0);
     up_ = addButton(u"chevron-up"_s, 1);
     down_ = addButton(u"chevron-down"_s, -1);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
+}
+
+QSize UpDown::sizeHint() const {
+    const QSize own = QWidget::sizeHint();
+    return field_ ? QSize(own.width(), field_->sizeHint().height()) : own;
 }
 
 QAbstractButton* UpDown::addButton(const QString& picture, int direction) {
@@ -40,6 +45,7 @@ QAbstractButton* UpDown::addButton(const QString& picture, int direction) {
 void UpDown::setBuddy(QLineEdit* field) {
     field_ = field;
     field_->installEventFilter(this);
+    updateGeometry();
 }
 
 void UpDown::setRange(int least, int most, int step) {

@@ -22,6 +22,9 @@ class UpDown : public QWidget {
     /// no range is set, the buttons only raise their clicks.
     void setRange(int least, int most, int step = 1);
 
+    /// As high as the tied field.
+    QSize sizeHint() const override;
+
  Q_SIGNALS:
     void UpClick();
     void DownClick();
