@@ -58,7 +58,7 @@ void frmFind::wire() {
         on(list->model(), &QAbstractItemModel::rowsRemoved, showCount);
     }
     // By hand, since the .ui file's order takes the tab control together with what is in it.
-    QWidget::setTabOrder(ui->SSTab1->tabBar(), ui->cmbDate);
+    QWidget::setTabOrder(ui->cmdClose, ui->SSTab1->tabBar());
     on(ui->SSTab1, &QTabWidget::currentChanged, &frmFind::SSTab1_Click);
     on(ui->fg1, &FlexGrid::Click, &frmFind::fg1_Click);
     on(ui->cmbDate, &ComboBox::Click, &frmFind::cmbDate_Click);
