@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 bool isSystemRole(const FlexGrid& list, int row) {
-    return list.TextMatrix(row, 1) == "系统管理员"_L1;
+    return list.TextMatrix(row, 1) == u"系统管理员"_s;
 }
 
 void add(const frmMain& main) {
