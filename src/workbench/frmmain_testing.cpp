@@ -57,7 +57,7 @@ void frmMain::tbrTesting_ButtonClick(const QString& key) {
     if (key == "add"_L1) {
         frmTesting::Default().ShowModal();
         mnuTesting_Click();
-        talvora::selectRow(*ui->fg, ui->fg->Rows() - 1);
+        selectRow(*ui->fg, ui->fg->Rows() - 1);
     } else if (key == "del"_L1) {
         deleteTest(*ui->fg, row);
     } else if (key == "detail"_L1) {
