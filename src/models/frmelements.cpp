@@ -58,8 +58,8 @@ void frmElements::showLine(const cDimension& line) {
         ui->cmbImportant->setListIndex(importance);
     }
     ui->txtScore->setText(line.Score);
-    // The line's own element is not in the list, and the first entry is not looked at. Both are meant: editing
-    // replaces the element.
+    // The line's own element is not in the list, so the list opens with nothing chosen: editing replaces the element.
+    ui->cmbElements->setListIndex(-1);
     for (int i = 1; i < ui->cmbElements->ListCount(); ++i) {
         if (ui->cmbElements->List(i).left(elementDigits) == line.TypeCode) {
             ui->cmbElements->setListIndex(i);

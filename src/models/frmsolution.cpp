@@ -3,9 +3,9 @@
 #include "models/solution_grid.h"
 #include "organisation/cposition.h"
 #include "organisation/post_prefix.h"
-#include "platform/moment.h"
 #include "platform/numbers.h"
 #include "platform/text.h"
+#include "toolkit/date_field.h"
 #include "toolkit/quotes.h"
 
 #include <QToolButton>
@@ -16,15 +16,6 @@ namespace talvora {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// The stored date, or today for a model that has none.
-void showDate(QDateEdit* field, const QString& text) {
-    field->setDate(text.isEmpty() ? presentMoment().date() : toMoment(text).date());
-}
-
-QString dateText(const QDateEdit* field) {
-    return field->date().toString(Qt::ISODate);
-}
 
 // The version one hundredth on. Only a text without a point is filled up, so 1.09 is followed by 1.1.
 QString steppedVersion(double version, int direction) {
