@@ -1,0 +1,251 @@
+#include "access/frmpassword.h"
+#include "access/frmrole.h"
+#include "access/frmuser.h"
+#include "models/frmsolution.h"
+#include "organisation/frmposition.h"
+#include "results/cquery.h"
+#include "results/frmfind.h"
+#include "testbank/frmexamination.h"
+#include "testbank/frmtypechild.h"
+#include "testbank/frmtypeparent.h"
+#include "windows/grid_listing.h"
+#include "windows/journey_bank.h"
+#include "workbench/frmmain.h"
+#include "workbench/list_commands.h"
+
+#include <QTest>
+#include <QToolButton>
+
+namespace talvora::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class Commands : public JourneyTest {
+ protected:
+    ~Commands() override { strCurrentUser.clear(); }
+
+    void logIn(const QString& user) {
+        strCurrentUser = user;
+        main.Show();
+    }
+    /// Chooses the module in the tree, which selects the first row, and then another row; for 0 none.
+    void open(const QString& module, int row) {
+        for (int node = 1; node <= main.ui->tvTreeView->NodeCount(); ++node) {
+            if (main.ui->tvTreeView->Tag(node) == module) {
+                Q_EMIT main.ui->tvTreeView->NodeClick(&main.ui->tvTreeView->Node(node));
+            }
+        }
+        row > 0 ? fg().Select(row, 1) : fg().Select(0, 1);
+    }
+    FlexGrid& fg() { return *main.ui->fg; }
+    ToolBar& bar() {
+        for (ToolBar* each : main.window()->findChildren<ToolBar*>()) {
+            if (each->isVisible()) {
+                return *each;
+            }
+        }
+        throw RuntimeError(errors::SubscriptOutOfRange);
+    }
+    void press(const QString& key) { click(bar().button(key)); }
+    void addUser(const QString& name, const QString& rights) {
+        cnnPublic.Execute(u"insert into Users (UserName, Password, Locked) values ('%1', '', 0)"_s.arg(name));
+        cnnPublic.Execute(u"insert into Roles (RoleName, RoleCode) values ('R', '002')"_s);
+        cnnPublic.Execute(u"insert into UserRole (UserID, RoleID) values (2, 2)"_s);
+        for (const QString& right : rights.split(u' ')) {
+            cnnPublic.Execute(
+                u"insert into RoleRight (RoleID, ModuleCode, ModuleFunction, IsAccess) values (2, '%1', "
+                "'%2', 1)"_s.arg(right.section(u'/', 0, 0), right.section(u'/', 1)));
+        }
+    }
+    frmMain& main = frmMain::Default();
+};
+
+TEST_F(Commands, GuardsAndQuestions) {
+    addUser(u"li"_s, u"001001/browse"_s);
+    cnnPublic.Execute(u"insert into TestingResult (TestingNumber, TypeCode, SolutionID) values (1, '001001', 0)"_s);
+    cnnPublic.Execute(u"insert into Position (PostCode, PostName) values ('%1', 'deep')"_s.arg(u"001"_s.repeated(10)));
+    logIn(u"admin"_s);
+    struct {
+        QString module, key, text;
+        int row;
+        int rows;  // left in the list afterwards
+        MsgBoxResult answer = vbOK;
+    } const cases[] = {
+        {u"position"_s, u"type2"_s, u"请选择或增加一个［一级职位］！"_s, 0, 5},
+        {u"position"_s, u"type2"_s, u"最多允许10个层级，您不能再行增加［子职位］！"_s, 4, 5},
+        {u"position"_s, u"edit"_s, u"请选择或增加一个［职位］！"_s, 0, 5},
+        {u"position"_s, u"del"_s, u"已经没有或没选择拟删除的［职位］！"_s, 0, 5},
+        {u"position"_s, u"del"_s, u"该［职位］下还有［子职位］,不能删除！"_s, 1, 5},
+        {u"position"_s, u"del"_s, QString(), 4, 4},
+        {u"roles"_s, u"edit"_s, u"已经没有记录可以修改！"_s, 0, 3},
+        {u"roles"_s, u"edit"_s, u"［系统管理员］为系统角色，不能修改！"_s, 1, 3},
+        {u"roles"_s, u"del"_s, u"已经没有记录可以删除！"_s, 0, 3},
+        {u"roles"_s, u"del"_s, u"［系统管理员］为系统角色，不能删除！"_s, 1, 3},
+        {u"roles"_s, u"del"_s, u"您确定删除当前所选的［角色］吗？"_s, 2, 3, vbYes},
+        {u"users"_s, u"edit"_s, u"已经没有记录可以修改！"_s, 0, 3},
+        {u"users"_s, u"del"_s, u"已经没有记录可以删除！"_s, 0, 3},
+        {u"users"_s, u"del"_s, u"［admin］为系统用户，不能删除！"_s, 1, 3},
+        {u"users"_s, u"del"_s, u"您确定删除当前所选的［用户］吗？"_s, 2, 3, vbNo},
+        {u"users"_s, u"del"_s, u"您确定删除当前所选的［用户］吗？"_s, 2, 2, vbYes},
+        {u"roles"_s, u"del"_s, u"您确定删除当前所选的［角色］吗？"_s, 2, 2, vbYes},
+        {u"solution"_s, u"edit"_s, u"已经没有记录或没选择拟修改的记录！"_s, 0, 2},
+        {u"solution"_s, u"del"_s, u"已经没有记录可以删除！"_s, 0, 2},
+        {u"solution"_s, u"del"_s, u"您确定删除当前所选的［素质模型］吗？"_s, 1, 1, vbYes},
+        {u"testingtype"_s, u"del"_s, u"已经没有记录可以删除！"_s, 0, 12},
+        {u"testingtype"_s, u"del"_s, u"您确定删除当前所选的［类型］或［试卷］吗？"_s, 11, 12, vbNo},
+        {u"testingtype"_s, u"del"_s, u"您确定删除当前所选的［类型］或［试卷］吗？"_s, 11, 11, vbYes},
+        {u"testingtype"_s, u"del"_s, u"您确定删除当前所选的［类型］或［试卷］吗？"_s, 10, 10, vbYes},
+        {u"testing"_s, u"del"_s, u"已经没有记录可以删除！"_s, 0, 2},
+        {u"testing"_s, u"del"_s, u"您确定删除当前所选的［测评记录］吗？"_s, 1, 1, vbYes},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE((each.module + u' ' + each.key + u' ' + each.text).toStdString());
+        open(each.module, each.row);
+        PromptScript script;
+        if (!each.text.isEmpty()) {
+            script.expect(each.answer, each.text);
+        }
+        press(each.key);
+        EXPECT_EQ(script.last().style, each.text.isEmpty() ? 0 : each.answer == vbOK ? 48 : 292);
+        EXPECT_EQ(fg().Rows(), each.rows);
+        EXPECT_EQ(chosenRow(fg()), std::min(each.row, each.rows - 1));
+    }
+    open(u"testingtype"_s, 1);
+    PromptScript script;
+    script.expect(vbYes).expect(vbOK, u"该类型下还存在子类或试卷，不能删除！"_s);
+    press(u"del"_s);
+    EXPECT_EQ(rowCounts({u"Users"_s, u"Roles"_s, u"Position"_s, u"TestingSolution"_s, u"TestingResult"_s,
+                         u"TestingType"_s, u"Examination"_s}),
+              u"1 1 3 0 0 5 4"_s);
+}
+
+/// What a dialog was told before it was shown.
+QString told(Form& form) {
+    const auto mode = [](const auto& d, const QString& key) { return (d.AddMode ? u"add "_s : u"edit "_s) + key; };
+    if (const auto* d = dynamic_cast<frmPosition*>(&form)) {
+        return mode(*d, d->PostCodeOf) + (d->ChildMode ? u" under"_s : u" beside"_s);
+    }
+    if (const auto* d = dynamic_cast<frmTypeParent*>(&form)) {
+        return mode(*d, d->TypeCodeOf);
+    }
+    if (const auto* d = dynamic_cast<frmTypeChild*>(&form)) {
+        return mode(*d, d->TypeCodeOf);
+    }
+    if (const auto* d = dynamic_cast<frmExamination*>(&form)) {
+        return mode(*d, QString::number(d->ExaminationIDOf));
+    }
+    if (const auto* d = dynamic_cast<frmRole*>(&form)) {
+        return mode(*d, QString::number(d->RoleIDOf));
+    }
+    if (const auto* d = dynamic_cast<frmUser*>(&form)) {
+        return mode(*d, QString::number(d->UserIDOf));
+    }
+    const auto* d = dynamic_cast<frmSolution*>(&form);
+    return d ? mode(*d, QString::number(d->SolutionIDOf)) : dynamic_cast<frmPassword&>(form).UserNameOf;
+}
+
+TEST_F(Commands, DialogsAreToldWhatToDo) {
+    addUser(u"li"_s, u"001001/browse"_s);
+    cnnPublic.Execute(u"update Examination set DescScope1='', DescScope2='', DescScope3=''"_s);
+    logIn(u"admin"_s);
+    struct {
+        QString module, key, told;
+        int row, rowAfter;
+    } const cases[] = {
+        {u"position"_s, u"type2"_s, u"add 001001 under"_s, 2, 2},
+        {u"position"_s, u"edit"_s, u"edit 001 under"_s, 1, 1},  // what is not set keeps what it held
+        {u"position"_s, u"type1"_s, u"add 001001 beside"_s, 2, 2},
+        {u"position"_s, u"type1"_s, u"add  beside"_s, 0, 0},
+        {u"testingtype"_s, u"edit"_s, u"edit 002"_s, 6, 0},
+        {u"testingtype"_s, u"edit"_s, u"edit 3"_s, 8, 0},
+        {u"testingtype"_s, u"type3"_s, u"add 3"_s, 1, 0},
+        {u"testingtype"_s, u"type2"_s, u"add 002"_s, 8, 0},
+        {u"roles"_s, u"edit"_s, u"edit 2"_s, 2, 2},
+        {u"users"_s, u"edit"_s, u"edit 2"_s, 2, 2},
+        {u"users"_s, u"edit"_s, u"admin"_s, 1, 1},
+        {u"solution"_s, u"edit"_s, u"edit 1"_s, 1, 0},
+        {u"solution"_s, u"add"_s, u"add 1"_s, 1, 1},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE((each.module + u' ' + each.key).toStdString());
+        open(each.module, each.row);
+        whenModal<Form>([&](Form& dialog) {
+            EXPECT_EQ(told(dialog), each.told);
+            dialog.window()->close();
+        });
+        press(each.key);
+        EXPECT_EQ(chosenRow(fg()), each.rowAfter);
+    }
+}
+
+TEST_F(Commands, FewRightsAndTheDoubleClickRoundThem) {
+    addUser(u"li"_s, u"002002/browse 002002/export 001003/browse"_s);
+    logIn(u"li"_s);
+    open(u"users"_s, 1);
+    QString usable;
+    for (const QString& key : bar().keys()) {
+        usable += bar().button(key)->isEnabled() ? key + u' ' : QString();
+    }
+    EXPECT_EQ(usable, u"export exit "_s);
+    QTest::mouseClick(bar().button(u"edit"_s), Qt::LeftButton);
+    EXPECT_FALSE(frmPassword::Default().isLoaded());
+    whenModal<frmPassword>([](frmPassword& dialog) {
+        EXPECT_EQ(dialog.UserNameOf, u"li"_s);
+        dialog.window()->close();
+    });
+    const QPoint place = fg().CellRect(1, 1).center();
+    QTest::mouseDClick(fg().viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    EXPECT_EQ(fg().Row(), 1);
+    PromptScript script;
+    script.expect(vbOK, u"［li］由系统用户创建，您无权删除！"_s);
+    Q_EMIT bar().ButtonClick(u"del"_s);
+}
+
+TEST_F(Commands, SearchesAndTheDetailPane) {
+    cnnPublic.Execute(
+        u"insert into TestingResult (TestingNumber, Name, Sex, Age, Education, IdNumber, TestingDate, "
+        "TypeName, TypeCode, Score, TestingResult, SolutionID) values (1, 'n', 's', 20, 'e', 'i', 'd', 't', "
+        "'001001', 5, 'r', 0)"_s);
+    cQuery::AddNew(u"all"_s, u"select * from TestingResult"_s);
+    logIn(u"admin"_s);
+    open(u"testing"_s, 1);
+    press(u"detail"_s);
+    EXPECT_EQ(bar().caption(u"detail"_s), u"隐藏明细"_s);
+    EXPECT_EQ(listing(*main.ui->fgDetail), u"3 t|||||||5 yellow"_s);
+    EXPECT_TRUE(main.ui->fgDetail->isVisible());
+    press(u"detail"_s);
+    EXPECT_EQ(bar().caption(u"detail"_s), u"显示明细"_s);
+    EXPECT_FALSE(main.ui->fgDetail->isVisible());
+
+    bar().entry(u"a1"_s)->trigger();
+    EXPECT_EQ(listing(fg()), u"- 1|1|n|s|20|e|d|t|5|r"_s);
+    cnnPublic.Execute(u"delete from Query"_s);
+    bar().entry(u"a1"_s)->trigger();
+    EXPECT_EQ(fg().Rows(), 2) << "a search deleted meanwhile changes nothing";
+    whenModal<frmFind>([](frmFind& dialog) { dialog.window()->close(); });
+    press(u"find"_s);
+    EXPECT_EQ(fg().TextMatrix(1, 5), u"e"_s) << "a cancelled search leaves the list";
+    EXPECT_THROW(bar().entry(u"a1"_s), RuntimeError);
+    whenModal<frmFind>([](frmFind& dialog) {
+        type(dialog.ui->txtName, u"n"_s);
+        click(dialog.ui->cmdFind);
+    });
+    press(u"find"_s);
+    EXPECT_EQ(listing(fg()), u"- 1|1|n|s|20|i|e|||d|t||0|0|5|r"_s);
+
+    open(u"testingtype"_s, 3);
+    press(u"detail"_s);
+    EXPECT_EQ(bar().caption(u"detail"_s), u"隐藏试题 "_s);
+    EXPECT_EQ(main.ui->fgDetail->Rows(), 4);
+    bar().entry(u"level2"_s)->trigger();
+    EXPECT_EQ(bar().caption(u"level2"_s) + bar().caption(u"level3"_s), u"显示子类  √显示试卷"_s);
+    EXPECT_TRUE(fg().CellRect(3, 1).isEmpty());
+    open(u"position"_s, 1);
+    EXPECT_FALSE(main.ui->fgDetail->isVisible());
+    bar().entry(u"L10"_s)->trigger();
+    EXPECT_EQ(bar().caption(u"L10"_s) + bar().caption(u"L1"_s), u"显示层级 10  √显示层级 1"_s);
+}
+
+}  // namespace
+}  // namespace talvora::test
