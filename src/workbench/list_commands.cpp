@@ -66,8 +66,11 @@ void toggleDetail(frmMain& main, ToolBar& toolbar, const DetailCaptions& caption
     FlexGrid& detail = *main.ui->fgDetail;
     toolbar.setCaption(key, captions.hide);
     main.PlaceDetailGrid(toTwips(detail.y()), detail);
-    if (chosenRow(*main.ui->fg) > 0) {
-        FillDetailGrid(main.strCurrentModule, *main.ui->fg, detail);
+    FlexGrid& list = *main.ui->fg;
+    if (chosenRow(list) > 0) {
+        FillDetailGrid(main.strCurrentModule, list, detail);
+        // The list has become lower, and the row that the pane tells about may have left the view.
+        list.scrollTo(list.currentIndex());
     }
 }
 
