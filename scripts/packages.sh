@@ -3,11 +3,11 @@
 build_packages=(
     g++ cmake ninja-build git
     qt6-base-dev qt6-svg-dev qt6-qpa-plugins
-    libsqlite3-dev unixodbc-dev
+    libsqlite3-dev unixodbc-dev libfontconfig-dev libxlsxwriter-dev
     fonts-noto-cjk
 )
 run_packages=(tdsodbc)
-test_packages=(tdsodbc libsqliteodbc libgtest-dev libgmock-dev)
+test_packages=(tdsodbc libsqliteodbc libgtest-dev libgmock-dev python3-openpyxl)
 check_packages=(clang-format-14 libasan8 libubsan1)
 bench_packages=(libbenchmark-dev)
 

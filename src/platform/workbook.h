@@ -40,7 +40,7 @@ struct RowBlock {
     int headRow = 0;  ///< 0 for none
 };
 
-/// The width, in columns or rows, up to which the format .xlsx goes.
+/// The last row and column that the format .xlsx knows.
 inline constexpr int MaxSheetRow = 1'048'576;
 inline constexpr int MaxSheetColumn = 16'384;
 
@@ -76,6 +76,9 @@ class Workbook {
     /// The last row and column that hold anything, a look included. 0 for an empty sheet.
     int rows() const { return static_cast<int>(rows_.size()); }
     int columns() const { return columns_; }
+
+    /// The bytes of all texts, those that were written over included.
+    qsizetype textBytes() const { return texts_.bytes(); }
 
     /// What a cell shows; empty outside the sheet.
     QString text(int row, int column) const;

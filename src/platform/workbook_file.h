@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+namespace talvora {
+
+class Workbook;
+
+/// Writes the workbook as `.xlsx` that Excel and LibreOffice show alike. A file that stands there is replaced only when
+/// the new one is complete. Throws RuntimeError 75, with words for the user, when it can't be written.
+void saveWorkbook(const Workbook& workbook, const QString& path);
+
+}  // namespace talvora
