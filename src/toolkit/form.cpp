@@ -143,7 +143,7 @@ void Form::showWindow(Qt::WindowModality modality) {
     QWidget* owner = ownerFor(window_);
     window_->setWindowModality(modality);
     window_->winId();
-    window_->windowHandle()->setTransientParent(owner ? owner->windowHandle() : nullptr);
+    window_->windowHandle()->setTransientParent(owner && !standsAlone() ? owner->windowHandle() : nullptr);
     placeWindow(*window_, owner);
     focusFirst(*window_);
     window_->show();

@@ -72,6 +72,8 @@ class Form {
     virtual void wire() {}
     virtual void Form_Load() {}
     virtual void Form_Unload() {}
+    /// True for a window that a user keeps beside the one that opened it. The others stay above their opener.
+    virtual bool standsAlone() const { return false; }
 
     /// Runs the member function `handler` at the signal. It may take fewer values than the signal carries. An error
     /// that leaves it goes to the last resort. The connection ends when the form is unloaded.
