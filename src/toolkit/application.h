@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include <functional>
+#include <future>
 
 namespace talvora {
 
@@ -19,6 +20,9 @@ class Application : public QApplication {
     int run(const std::function<void()>& main);
 
     bool notify(QObject* receiver, QEvent* event) override;
+
+ private:
+    Application(int& argc, char** argv, const std::future<void>& fonts);
 };
 
 }  // namespace talvora
