@@ -7,7 +7,10 @@
 #include "toolkit/toolbar.h"
 #include "windows/journey_bank.h"
 
+#include <QTest>
 #include <QToolButton>
+
+#include <tuple>
 
 namespace talvora::test {
 namespace {
@@ -18,16 +21,13 @@ const QString allRows =
     u"select h.SolutionID, SolutionName, PostName, Version, d.TypeCode, d.Score, d.Weighing from TestingSolution h, "
     "TestingSolutionDetail d where h.SolutionID = d.SolutionID order by h.SolutionID, d.TypeCode"_s;
 
-QString gridText(const FlexGrid* fg) {
+// Each row's dimension weight, element and element weight.
+QString weights(const FlexGrid* fg) {
     QStringList rows;
     for (int row = solution::FirstRow; row < fg->Rows(); ++row) {
-        QStringList cells;
-        for (int col = 0; col < fg->Cols(); ++col) {
-            cells += fg->TextMatrix(row, col).section(u' ', 0, 0);
-        }
-        rows += cells.join(u'|');
+        rows += fg->TextMatrix(row, 2) + u' ' + fg->TextMatrix(row, 3).left(6) + u' ' + fg->TextMatrix(row, 5);
     }
-    return rows.join(u"; "_s);
+    return rows.join(u'|');
 }
 
 class ModelEditor : public JourneyTest {
@@ -62,8 +62,8 @@ void command(frmSolution& w, const QString& key, int row, const QString& choice,
     } else {
         whenModal<frmElements>([=](frmElements& d) {
             if (key == "add2"_L1) {
-                choose(d.ui->cmbType,
-                       d.ui->cmbType->List(d.ui->cmbType->findText(choice.left(3), Qt::MatchStartsWith)));
+                const int dimension = d.ui->cmbType->findText(choice.left(3), Qt::MatchStartsWith);
+                choose(d.ui->cmbType, d.ui->cmbType->List(dimension));
             }
             fill(d, d.ui->cmbElements, choice, importance);
         });
@@ -75,40 +75,27 @@ TEST_F(ModelEditor, WeighsWhatEachCommandIsToWeighAndSavesTheRestStale) {
     ASSERT_EQ(cTestingType().AddNew(u"parent"_s, {}, u"身心"_s), Status::Done);
     ASSERT_EQ(cTestingType().AddNew(u"child"_s, u"003"_s, u"体能"_s), Status::Done);
     frmSolution& w = open(true);
-    const struct {
-        QString key;
-        int row;
-        QString choice;
-        int importance;
-        QString grid;
-    } steps[] = {
-        {u"add1"_s, 0, u"001 职业素养"_s, 1, u"001|3.5|100.%|||"_s},
-        {u"add1"_s, 0, u"002 专业能力"_s, 3, u"001|3.5|31.82%|||; 002|7.5|68.18%|||"_s},
-        {u"add2"_s, 0, u"001001 责任心"_s, 0, u"001|3.5|31.82%|001001|1.5|31.82%; 002|7.5|68.18%|||"_s},
-        {u"add2"_s, 0, u"002001 逻辑推理"_s, 0,
-         u"001|3.5|31.82%|001001|1.5|31.82%; 002|7.5|68.18%|002001|1.5|68.18%"_s},
-        {u"add2"_s, 0, u"001002 诚信"_s, 1,
-         u"001|3.5|31.82%|001001|1.5|9.55%; 001|3.5|31.82%|001002|3.5|22.27%; 002|7.5|68.18%|002001|1.5|68.18%"_s},
-        {u"add1"_s, 0, u"003 身心"_s, 2,
-         u"001|3.5|21.21%|001001|1.5|9.55%; 001|3.5|21.21%|001002|3.5|22.27%; 002|7.5|45.45%|002001|1.5|68.18%; "
-         "003|5.5|33.33%|||"_s},
+    const std::tuple<QString, int, QString, int, QString> steps[] = {
+        {u"add1"_s, 0, u"001 职业素养"_s, 1, u"100.%  "_s},
+        {u"add1"_s, 0, u"002 专业能力"_s, 3, u"31.82%  |68.18%  "_s},
+        {u"add2"_s, 0, u"001001 责任心"_s, 0, u"31.82% 001001 31.82%|68.18%  "_s},
+        {u"add2"_s, 0, u"002001 逻辑推理"_s, 0, u"31.82% 001001 31.82%|68.18% 002001 68.18%"_s},
+        {u"add2"_s, 0, u"001002 诚信"_s, 1, u"31.82% 001001 9.55%|31.82% 001002 22.27%|68.18% 002001 68.18%"_s},
+        {u"add1"_s, 0, u"003 身心"_s, 2, u"21.21% 001001 9.55%|21.21% 001002 22.27%|45.45% 002001 68.18%|33.33%  "_s},
         {u"edit1"_s, 2, u"001 职业素养"_s, 0,
-         u"001|1.5|10.34%|001001|1.5|3.1%; 001|1.5|10.34%|001002|3.5|7.24%; 002|7.5|51.72%|002001|1.5|68.18%; "
-         "003|5.5|37.93%|||"_s},
+         u"10.34% 001001 3.1%|10.34% 001002 7.24%|51.72% 002001 68.18%|37.93%  "_s},
         {u"edit2"_s, 2, u"001002 诚信"_s, 3,
-         u"001|1.5|10.34%|001002|7.5|7.05%; 001|1.5|10.34%|001002|3.5|3.29%; 002|7.5|51.72%|002001|1.5|68.18%; "
-         "003|5.5|37.93%|||"_s},
+         u"10.34% 001002 7.05%|10.34% 001002 3.29%|51.72% 002001 68.18%|37.93%  "_s},
         {u"del2"_s, 3, u"您确定要删除［001002 诚信］吗？"_s, 0,
-         u"001|1.5|10.34%|001002|7.5|10.34%; 002|7.5|51.72%|002001|1.5|68.18%; 003|5.5|37.93%|||"_s},
-        {u"del2"_s, 2, u"您确定要删除［001002 诚信］吗？"_s, 0,
-         u"002|7.5|51.72%|002001|1.5|68.18%; 003|5.5|37.93%|||"_s},
-        {u"del1"_s, 3, u"您确定要删除［003 身心］吗！"_s, 0, u"002|7.5|100.%|002001|1.5|100.%"_s},
-        {u"add1"_s, 0, u"003 身心"_s, 3, u"002|7.5|50.%|002001|1.5|100.%; 003|7.5|50.%|||"_s},
-        {u"add2"_s, 0, u"003001 体能"_s, 1, u"002|7.5|50.%|002001|1.5|100.%; 003|7.5|50.%|003001|3.5|50.%"_s},
+         u"10.34% 001002 10.34%|51.72% 002001 68.18%|37.93%  "_s},
+        {u"del2"_s, 2, u"您确定要删除［001002 诚信］吗？"_s, 0, u"51.72% 002001 68.18%|37.93%  "_s},
+        {u"del1"_s, 3, u"您确定要删除［003 身心］吗！"_s, 0, u"100.% 002001 100.%"_s},
+        {u"add1"_s, 0, u"003 身心"_s, 3, u"50.% 002001 100.%|50.%  "_s},
+        {u"add2"_s, 0, u"003001 体能"_s, 1, u"50.% 002001 100.%|50.% 003001 50.%"_s},
     };
-    for (const auto& step : steps) {
-        command(w, step.key, step.row, step.choice, step.importance);
-        ASSERT_EQ(gridText(w.ui->fg2), step.grid) << step.key.toStdString();
+    for (const auto& [key, row, choice, importance, expected] : steps) {
+        command(w, key, row, choice, importance);
+        ASSERT_EQ(weights(w.ui->fg2), expected) << key.toStdString();
     }
     type(w.ui->txtSolution, u"新模型"_s);
     choose(w.ui->cmbPostName, u"||-销售专员"_s);
@@ -120,15 +107,13 @@ TEST_F(ModelEditor, WeighsWhatEachCommandIsToWeighAndSavesTheRestStale) {
 }
 
 TEST_F(ModelEditor, DeletingADimensionPassesOverTheRowThatMovesUp) {
-    const struct {
-        QString before;
-        QString after;
-    } cases[] = {{u"XA"_s, u"A"_s},   {u"AX"_s, u"A"_s},   {u"XX"_s, {}},          {u"AXX"_s, u"A"_s},
-                 {u"AXXX"_s, u"A"_s}, {u"XXA"_s, u"XA"_s}, {u"XXXAB"_s, u"XAB"_s}, {u"AXXXXB"_s, u"AXXB"_s}};
-    for (const auto& c : cases) {
+    const std::pair<QString, QString> cases[] = {{u"XA"_s, u"A"_s},      {u"AX"_s, u"A"_s},       {u"XX"_s, {}},
+                                                 {u"AXX"_s, u"A"_s},     {u"AXXX"_s, u"A"_s},     {u"XXA"_s, u"XA"_s},
+                                                 {u"XXXAB"_s, u"XAB"_s}, {u"AXXXXB"_s, u"AXXB"_s}};
+    for (const auto& [before, after] : cases) {
         FlexGrid fg;
         solution::setUpGrid(fg);
-        for (const QChar dimension : c.before) {
+        for (const QChar dimension : before) {
             fg.AddItem(QString(3, dimension) + u" "_s);
         }
         solution::removeDimension(fg, u"XXX"_s);
@@ -136,45 +121,41 @@ TEST_F(ModelEditor, DeletingADimensionPassesOverTheRowThatMovesUp) {
         for (int row = solution::FirstRow; row < fg.Rows(); ++row) {
             left += fg.TextMatrix(row, 0).left(1);
         }
-        EXPECT_EQ(left, c.after) << c.before.toStdString();
+        EXPECT_EQ(left, after) << before.toStdString();
     }
 }
 
 TEST_F(ModelEditor, RefusesInOrder) {
     frmSolution& w = open(true);
-    const auto addLine = [&](const QString& key, const QString& choice) { command(w, key, 0, choice, 0); };
-    const struct {
-        QString message;
-        QWidget* focus;
-        std::function<void()> mend;
-    } steps[] = {
+    const auto addLine = [&](const QString& choice) {
+        command(w, choice.indexOf(u' ') > 3 ? u"add2"_s : u"add1"_s, 0, choice, 0);
+    };
+    const std::tuple<QString, QWidget*, std::function<void()>> steps[] = {
         {u"［素质模型］不能为空！"_s, w.ui->txtSolution, [&] { retype(w.ui->txtSolution, u"销售经理模型"_s); }},
         {u"［对应职位］不能为空！"_s, w.ui->cmbPostName, [&] { choose(w.ui->cmbPostName, u"总经理"_s); }},
         {u"请设置［测评维度］及相应的［测评要素］！"_s, w.ui->fg2,
          [&] {
-             addLine(u"add1"_s, u"001 职业素养"_s);
-             addLine(u"add2"_s, u"001001 责任心"_s);
-             addLine(u"add1"_s, u"002 专业能力"_s);
+             addLine(u"001 职业素养"_s);
+             addLine(u"001001 责任心"_s);
+             addLine(u"002 专业能力"_s);
          }},
         {u"有某些［测评要素］的分数及权重还没有设置！"_s, w.ui->fg2,
          [&] {
-             EXPECT_EQ(w.ui->fg2->Row(), 3);
-             EXPECT_EQ(w.ui->fg2->Col(), 3);
-             addLine(u"add2"_s, u"002001 逻辑推理"_s);
+             EXPECT_TRUE(w.ui->fg2->Row() == 3 && w.ui->fg2->Col() == 3);
+             addLine(u"002001 逻辑推理"_s);
              type(w.ui->txtNote, u"'"_s);
          }},
         {u"文本框中不可输入字符［'］！"_s, w.ui->txtSolution, [&] { retype(w.ui->txtNote, u"x"_s); }},
         {u"［素质模型］重复，请重新输入！"_s, w.ui->txtSolution, [&] { retype(w.ui->txtSolution, u"甲"_s); }},
     };
     type(w.ui->txtSolution, u"  "_s);
-    for (const auto& step : steps) {
+    for (const auto& [message, focus, mend] : steps) {
         PromptScript script;
-        script.expect(vbOK, step.message);
+        script.expect(vbOK, message);
         click(w.ui->Command1);
         ASSERT_TRUE(w.isLoaded());
-        EXPECT_EQ(script.last().style, vbExclamation);
-        EXPECT_EQ(w.window()->focusWidget(), step.focus) << step.message.toStdString();
-        step.mend();
+        EXPECT_EQ(w.window()->focusWidget(), focus) << message.toStdString();
+        mend();
     }
     click(w.ui->Command1);
     EXPECT_FALSE(w.isLoaded());
@@ -190,7 +171,7 @@ TEST_F(ModelEditor, LineCommandsRefuseWithoutTheirRow) {
     };
     refuses(u"add2"_s, u"请先增加［测评维度］！"_s);
     open(false);
-    EXPECT_EQ(gridText(w.ui->fg2), u"001|5|50.%|001001|5|50.%; 002|5|25.%|002001|5|25.%"_s);
+    EXPECT_EQ(weights(w.ui->fg2), u"50.% 001001 50.%|25.% 002001 25.%"_s);
     refuses(u"add1"_s, u"已经增加了所有的维度，不可再行增加！"_s);
     refuses(u"edit1"_s, u"请选择要修改的维度！"_s);
     refuses(u"edit2"_s, u"请选择要修改的维度！"_s);
@@ -199,6 +180,8 @@ TEST_F(ModelEditor, LineCommandsRefuseWithoutTheirRow) {
     EXPECT_FALSE(w.ui->Toolbar1->button(u"del2"_s)->isEnabled());
     clickCell(w.ui->fg2, 2, 3);
     EXPECT_FALSE(w.ui->Toolbar1->button(u"del1"_s)->isEnabled());
+    whenModal<frmDimension>([](frmDimension& d) { click(d.ui->Command2); });
+    QTest::mouseDClick(w.ui->fg2->viewport(), Qt::LeftButton, {}, w.ui->fg2->CellRect(2, 0).center());
     cnnPublic.Execute(u"delete from TestingType"_s);
     whenModal<frmDimension>([](frmDimension& d) {
         EXPECT_EQ(d.ui->cmbType->ListCount(), 0);
@@ -211,17 +194,13 @@ TEST_F(ModelEditor, LineCommandsRefuseWithoutTheirRow) {
 TEST_F(ModelEditor, StepsTheVersion) {
     frmSolution& w = open(true);
     EXPECT_EQ(w.ui->txtVersion->text(), u"1.00"_s);
-    const struct {
-        QString version;
-        Qt::Key key;
-        QString stepped;
-    } cases[] = {{u"1.00"_s, Qt::Key_Down, u"1.00"_s}, {u"1.00"_s, Qt::Key_Up, u"1.01"_s},
-                 {u"1.09"_s, Qt::Key_Up, u"1.1"_s},    {u"1.99"_s, Qt::Key_Up, u"2.00"_s},
-                 {u"1.01"_s, Qt::Key_Down, u"1.00"_s}, {u"x"_s, Qt::Key_Up, u"0.01"_s}};
-    for (const auto& c : cases) {
-        retype(w.ui->txtVersion, c.version);
-        press(c.key);
-        EXPECT_EQ(w.ui->txtVersion->text(), c.stepped);
+    const std::tuple<QString, Qt::Key, QString> cases[] = {
+        {u"1.00"_s, Qt::Key_Down, u"1.00"_s}, {u"1.00"_s, Qt::Key_Up, u"1.01"_s},   {u"1.09"_s, Qt::Key_Up, u"1.1"_s},
+        {u"1.99"_s, Qt::Key_Up, u"2.00"_s},   {u"1.01"_s, Qt::Key_Down, u"1.00"_s}, {u"x"_s, Qt::Key_Up, u"0.01"_s}};
+    for (const auto& [version, key, stepped] : cases) {
+        retype(w.ui->txtVersion, version);
+        press(key);
+        EXPECT_EQ(w.ui->txtVersion->text(), stepped);
     }
 }
 

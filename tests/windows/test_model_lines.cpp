@@ -3,6 +3,8 @@
 #include "models/importance.h"
 #include "windows/journey_bank.h"
 
+#include <tuple>
+
 namespace talvora::test {
 namespace {
 
@@ -34,11 +36,7 @@ TYPED_TEST_SUITE(ModelLine, Dialogs);
 TYPED_TEST(ModelLine, AcceptsTheScoresOfTheChosenBand) {
     const QString notANumber = u"［分数］只能为数字型！"_s;
     const QString missing = std::is_same_v<TypeParam, frmElements> ? u"请输入［分数］的值！"_s : notANumber;
-    const struct {
-        int importance;
-        QString scores;
-        QString refusal;
-    } cases[] = {
+    const std::tuple<int, QString, QString> cases[] = {
         {0, u"1|2| 1.5 "_s, {}},
         {1, u"3|4"_s, {}},
         {2, u"5|6"_s, {}},
@@ -50,20 +48,20 @@ TYPED_TEST(ModelLine, AcceptsTheScoresOfTheChosenBand) {
         {3, u"七|7'"_s, notANumber},
         {0, u"| "_s, missing},
     };
-    for (const auto& c : cases) {
-        for (const QString& score : c.scores.split(u'|')) {
+    for (const auto& [importance, scores, refusal] : cases) {
+        for (const QString& score : scores.split(u'|')) {
             SCOPED_TRACE(score.toStdString());
             auto& dialog = this->open(true, {line(1, u"001"_s, u"旧名"_s, {})});
-            choose(dialog.ui->cmbImportant, importanceEntries().at(c.importance));
+            choose(dialog.ui->cmbImportant, importanceEntries().at(importance));
             retype(dialog.ui->txtScore, score);
             PromptScript script;
-            if (c.refusal.isEmpty()) {
+            if (refusal.isEmpty()) {
                 click(dialog.ui->Command1);
                 EXPECT_FALSE(dialog.isLoaded());
                 EXPECT_EQ(dialog.ResultLines.Item(1)->Score, score);
                 continue;
             }
-            script.expect(vbOK, c.refusal);
+            script.expect(vbOK, refusal);
             click(dialog.ui->Command1);
             EXPECT_EQ(focused(), dialog.ui->txtScore);
             EXPECT_EQ(dialog.ui->txtScore->text(), score);
@@ -93,10 +91,12 @@ TEST_F(DimensionDialog, OffersTypesByNameAndTakesAnyScoreWithoutAWord) {
     EXPECT_EQ(dialog.ResultLines.Item(1)->TypeCode, u"002"_s);
     EXPECT_EQ(dialog.ResultLines.Item(1)->TypeName, u"专业能力"_s);
     open(false, {line(1, u"001"_s, u"职业素养"_s, u"9"_s)});
-    EXPECT_EQ(dialog.ResultLines.Count(), 0) << "of the opening before";
     retype(dialog.ui->txtScore, u"-40"_s);
     click(dialog.ui->Command1);
     EXPECT_EQ(dialog.ResultLines.Item(1)->Score, u"-40"_s);
+    open(true, {});
+    dialog.window()->close();
+    EXPECT_EQ(dialog.ResultLines.Count(), 0) << "the line of the opening before";
 }
 
 using ElementDialog = ModelLine<frmElements>;
