@@ -2,15 +2,33 @@
 
 #include "toolkit/flexgrid.h"
 
-#include <QString>
+#include <QSet>
 
 namespace talvora::test {
 
-/// The rows of a grid as text, one a line: the level of an outline node or "-", the cells parted by "|", and the
-/// colour that marks the whole row. Empty cells at its end are left out.
-QString listing(const FlexGrid& grid);
-
-/// L or R for each column.
-QString alignments(const FlexGrid& grid);
+/// The rows of a grid as text, one a line: the level of an outline node or "-", the cells parted by "|" without empty
+/// ones at the end, and the colours of its cells, "none" for some of them uncoloured beside coloured ones.
+inline QString listing(const FlexGrid& grid) {
+    QString text;
+    for (int row = 1; row < grid.Rows(); ++row) {
+        QStringList cells;
+        QSet<QString> colours;
+        for (int col = 0; col < grid.Cols(); ++col) {
+            const QColor back = grid.CellBackColor(row, col);
+            const QColor colour = back.isValid() ? back : grid.CellForeColor(row, col);
+            cells += grid.TextMatrix(row, col);
+            colours += colour.isValid() ? colour.name() : QStringLiteral("none");
+        }
+        while (cells.last().isEmpty()) {
+            cells.removeLast();
+        }
+        QStringList names(colours.cbegin(), colours.cend());
+        names.sort();
+        names.removeAll(names.size() == 1 ? QStringLiteral("none") : QString());
+        text += (grid.IsSubtotal(row) ? QString::number(grid.RowOutlineLevel(row)) : QStringLiteral("-")) + u' ' +
+                cells.join(u'|') + (names.isEmpty() ? QString() : u' ' + names.join(u' ')) + u'\n';
+    }
+    return text.trimmed();
+}
 
 }  // namespace talvora::test

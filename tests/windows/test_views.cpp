@@ -1,5 +1,6 @@
 #include "windows/grid_listing.h"
 #include "windows/journey_bank.h"
+#include "workbench/detail_views.h"
 #include "workbench/module_views.h"
 
 namespace talvora::test {
@@ -14,7 +15,16 @@ class Views : public JourneyTest {
         EXPECT_TRUE(fg.ColHidden(0));
         return listing(fg);
     }
+    QString detailOf(const QString& module, int row) {
+        FillModuleGrid(fg, module);
+        if (row > 0) {
+            fg.Select(row, 1);
+        }
+        FillDetailGrid(module, fg, detail);
+        return listing(detail);
+    }
     FlexGrid fg;
+    FlexGrid detail;
 };
 
 TEST_F(Views, OutlineFollowsTheNeighbours) {
@@ -56,7 +66,7 @@ TEST_F(Views, PapersStandUnderTheirSubtypes) {
               "2 001001|责任心|张三|2010-09-05\n"
               "- 0010011|  ZR-1|a|b|c|d|e|f|4|3|20|g\n"
               "2 001002|诚信\n"
-              "- 0010022|  CX-1|||||||4|1|20 red\n"
+              "- 0010022|  CX-1|||||||4|1|20 #ff0000\n"
               "1 002|专业能力\n"
               "2 002001|逻辑推理\n"
               "- 0020013|  LJ-1|||||||2|2|1\n"
@@ -64,7 +74,6 @@ TEST_F(Views, PapersStandUnderTheirSubtypes) {
               "2 002002|沟通\n"
               "- 0020025|  GT-1|||||||5|2|0"_s);
     EXPECT_EQ(fg.TextMatrix(0, 1), u"测评试卷              "_s) << "the blanks give the column its width";
-    EXPECT_EQ(alignments(fg), u"LLLLLLLLRRRL"_s);
 }
 
 TEST_F(Views, TestsInSeventeenCellsModelsInYellow) {
@@ -77,8 +86,7 @@ TEST_F(Views, TestsInSeventeenCellsModelsInYellow) {
     cnnPublic.Execute(u"insert into TestingResult (TestingNumber, TypeCode, SolutionID) values (1, '001001', 0)"_s);
     EXPECT_EQ(fill(u"Testing"_s),
               u"- 3|1|||0||||||||0|0|0\n"
-              "- 1|2|n|s|30|i|e|p|w|d|t|v|9|8|7|r|x yellow"_s);
-    EXPECT_EQ(alignments(fg), u"LLLLRLLLLLLRRRLLL"_s);
+              "- 1|2|n|s|30|i|e|p|w|d|t|v|9|8|7|r|x #ffffc0"_s);
     EXPECT_EQ(fg.toolTip(), u"浅黄底色表示一个［素质模型］"_s);
     fill(u"position"_s);
     EXPECT_EQ(fg.toolTip(), u"浅黄底色表示一个［素质模型］"_s) << "positions leave the legend alone";
@@ -99,6 +107,50 @@ TEST_F(Views, PlainLists) {
     strCurrentUser.clear();
     EXPECT_EQ(fill(u"nothing"_s), QString());
     EXPECT_EQ(fg.Rows() + fg.Cols(), 2);
+}
+
+TEST_F(Views, QuestionsOfAPaperButNotOfAType) {
+    EXPECT_EQ(detailOf(u"TestingType"_s, 3),
+              u"- 1|ZR-1 第1题|做法1|1|做法2|2|做法3|3|做法4|4||0\n"
+              "- 2|ZR-1 第2题|做法1|1|做法2|2|做法3|3|做法4|4||0\n"
+              "- 3|ZR-1 第3题|做法1|1|做法2|2|做法3|3|做法4|4||0"_s);
+    for (const int row : {0, 1, 2}) {
+        EXPECT_EQ(detailOf(u"testingtype"_s, row), QString()) << row;
+    }
+    EXPECT_EQ(detailOf(u"position"_s, 1), QString());
+}
+
+TEST_F(Views, AnswersOfATestUnderItsParts) {
+    const auto row = [](const QString& values) {
+        cnnPublic.Execute(
+            u"insert into TestingResult (TestingNumber, TypeName, TypeCode, Score, SolutionID) values "_s + values);
+    };
+    row(u"(5, '推理', '002001', 6, 0)"_s);
+    row(u"(7, '要素', '001001', 9, 1)"_s);
+    row(u"(7, '维度', '001', 5, 1)"_s);
+    row(u"(7, '模型', null, 7, 1)"_s);
+    const auto answer = [](int testing, const QString& letter) {
+        cnnPublic.Execute(
+            u"insert into TestingResultDetail (TestingID, ExaminationID, QuestionName, Answer1, Answer5, SelectAnswer, "
+            "Score) values (%1, 1, 'q', 'x', 'y', '%2', 4)"_s.arg(testing)
+                .arg(letter));
+    };
+    for (const auto& letter : {u"A"_s, u"E"_s, u"e"_s, u"F"_s, QString()}) {
+        answer(2, letter);
+    }
+    EXPECT_EQ(detailOf(u"testing"_s, 2),
+              u"1 模型|||||||7\n"
+              "2 维度|||||||5 #d3d8e0\n"
+              "3 要素|||||||9 #ffffc0\n"
+              "- q|x||||y|A|4 #ff0000 none\n"
+              "- q|x||||y|E|4 #ff0000 none\n"
+              "- q|x||||y|e|4\n"
+              "- q|x||||y|F|4\n"
+              "- q|x||||y||4"_s);
+    EXPECT_EQ(detail.CellForeColor(4, 1), QColor(255, 0, 0));
+    EXPECT_EQ(detail.CellForeColor(5, 5), QColor(255, 0, 0));
+    EXPECT_EQ(detailOf(u"testing"_s, 1), u"3 推理|||||||6 #ffffc0"_s);
+    EXPECT_EQ(detailOf(u"testing"_s, 0), QString());
 }
 
 }  // namespace
