@@ -46,13 +46,12 @@ class StatementMaker {
             "b.Weighing AS Score1 FROM TestingResult a ,TestingSolutionDetail b where a.SolutionID = b.SolutionID) c "
             "GROUP BY "
             "LEFT(TypeCode, 3)"_s,
-            u"select top 3 a.UserID, count(distinct b.RoleID) n from Users a left join UserRole b on a.UserID=b.UserID "
-            u"group "
-            "by a.UserID having count(*)>0 order by n desc, 1"_s,
-            u"create table x (id int identity(1,1) primary key, n nvarchar(3) not null default 'q', d datetime)"_s,
+            u"select top 3 a.UserID, count(b.RoleID) n from Users a,UserRole b where a.UserID=b.UserID group "
+            "by a.UserID order by a.UserID desc"_s,
+            u"create table x (id int identity(1,1) primary key, n nvarchar(3) not null, d datetime)"_s,
             u"delete from TestingResultDetail where TestingID in (select TestingID from TestingResult where TestingNumber='1')"_s,
-            u"select left(UserName,2)+right('y',1)+cast(UserID as nvarchar(5)) from Users union all select 'c'"_s,
-            u"drop table #T, x"_s,
+            u"select left(UserName,2)+right('y',1)+cast(UserID as nvarchar(5)) from Users"_s,
+            u"drop table #T"_s,
         };
         return list;
     }

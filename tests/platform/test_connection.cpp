@@ -64,18 +64,6 @@ TEST_F(ConnectionTest, AFailingOpenLeavesNoSession) {
     EXPECT_EQ(errorOf([&] { insert(1); }), errors::ConnectionClosed);
 }
 
-TEST_F(ConnectionTest, ATransactionIsKeptOrUndoneWhole) {
-    session_.BeginTrans();
-    insert(1);
-    EXPECT_EQ(stored(), u""_s);
-    session_.CommitTrans();
-    session_.BeginTrans();
-    insert(2);
-    session_.RollbackTrans();
-    insert(3);
-    EXPECT_EQ(stored(), u"1 3"_s);
-}
-
 TEST_F(ConnectionTest, ATransactionLeftOpenIsCommittedByTheNextOne) {
     session_.BeginTrans();
     insert(1);

@@ -44,20 +44,35 @@ class ScoringTerminalsTest : public testing::Test {
 
     /// Families that lack a row, an answer or a score, or hold another candidate's row or answer.
     static QString faultyFamilies() {
-        return rowsOf(
-                   u"select TestingNumber from TestingResult group by TestingNumber "
-                   "having min(Name)<>max(Name) or count(*) not in (1,4)"_s) +
-               rowsOf(
-                   u"select TestingNumber from TestingResult a where (TypeCode is null or len(TypeCode)=6) and "
-                   "(Score is null or ExamQuestions<>FactQuestions or ExamQuestions<>(select count(*) from "
-                   "TestingResultDetail b where b.TestingID=a.TestingID and b.SelectAnswer=a.Education))"_s) +
-               rowsOf(
-                   u"select TestingID from TestingResultDetail where TestingID not in "
-                   "(select TestingID from TestingResult)"_s);
+        const QString searches[] = {
+            u"select a.TestingNumber from TestingResult a,TestingResult b where a.TestingNumber=b.TestingNumber and "
+            "a.Name<>b.Name"_s,
+            u"select TestingNumber from (select TestingNumber,count(*) as n from TestingResult group by TestingNumber) "
+            u"a "
+            "where n not in (1,4)"_s,
+            u"select TestingNumber from TestingResult where (TypeCode is null or len(TypeCode)=6) and (Score is null "
+            u"or "
+            "ExamQuestions<>FactQuestions)"_s,
+            u"select a.TestingNumber from TestingResult a,(select d.TestingID,count(*) as n from TestingResultDetail d,"
+            "TestingResult r where d.TestingID=r.TestingID and d.SelectAnswer=r.Education group by d.TestingID) b "
+            "where "
+            "a.TestingID=b.TestingID and a.ExamQuestions<>b.n"_s,
+            u"select TestingNumber from TestingResult where len(TypeCode)=6 and TestingID not in (select TestingID "
+            u"from "
+            "TestingResultDetail)"_s,
+            u"select TestingID from TestingResultDetail where TestingID not in (select TestingID from TestingResult)"_s};
+        QString faulty;
+        for (const QString& search : searches) {
+            faulty += rowsOf(search);
+        }
+        return faulty;
     }
 
-    static int storedTests() { return rowsOf(u"select count(distinct TestingNumber) from TestingResult"_s).toInt(); }
-    static int storedCandidates() { return rowsOf(u"select count(distinct Name) from TestingResult"_s).toInt(); }
+    static int different(const QString& column) {
+        return rowsOf(u"select count(*) from (select distinct %1 from TestingResult) a"_s.arg(column)).toInt();
+    }
+    static int storedTests() { return different(u"TestingNumber"_s); }
+    static int storedCandidates() { return different(u"Name"_s); }
 
     QTemporaryDir folder_;
 };

@@ -6,10 +6,20 @@
 #include <QByteArray>
 
 #include <algorithm>
+#include <utility>
 
 namespace talvora::embedded {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray textSql(QString text) {
+    text.replace(u'\'', u"''"_s);
+    return (u'\'' + text + u'\'').toUtf8();
+}
+
+}  // namespace
 
 const CatalogColumn* CatalogTable::column(const QString& columnName) const {
     const auto found = std::find_if(columns.begin(), columns.end(), [&](const CatalogColumn& column) {
@@ -19,9 +29,16 @@ const CatalogColumn* CatalogTable::column(const QString& columnName) const {
 }
 
 const CatalogTable* Catalog::find(const QString& table) const {
-    load();
-    const auto found = tables_.constFind(table.toCaseFolded());
-    return found == tables_.cend() ? nullptr : &*found;
+    const QString key = table.toLower();
+    auto found = tables_.find(key);
+    if (found == tables_.end()) {
+        CatalogTable known = read(table);
+        if (known.columns.empty()) {
+            return nullptr;
+        }
+        found = tables_.emplace(key, std::move(known)).first;
+    }
+    return &found->second;
 }
 
 const CatalogTable& Catalog::table(const QString& name) const {
@@ -34,43 +51,35 @@ const CatalogTable& Catalog::table(const QString& name) const {
 
 void Catalog::clear() {
     tables_.clear();
-    loaded_ = false;
 }
 
-void Catalog::load() const {
-    if (loaded_) {
-        return;
-    }
-    loadColumns("main");
-    loadColumns("temp");
-    loadIndexes();
-    loaded_ = true;
-}
-
-void Catalog::loadColumns(const QByteArray& schema) const {
+CatalogTable Catalog::read(const QString& table) const {
+    const QByteArray schema = table.startsWith(u'#') ? "temp" : "main";
     SqliteStatement rows(database_, "SELECT t.name, c.name, c.type FROM " + schema +
                                         ".sqlite_schema t, pragma_table_info(t.name, '" + schema +
-                                        "') c WHERE t.type = 'table' AND t.name NOT LIKE 'sqlite!_%' ESCAPE '!'");
+                                        "') c WHERE t.type = 'table' AND t.name = " + textSql(table) +
+                                        " COLLATE NOCASE AND t.name NOT LIKE 'sqlite!_%' ESCAPE '!'");
+    CatalogTable known;
     while (rows.step()) {
-        const QString name = rows.text(0);
+        known.name = rows.text(0);
         const QString declared = rows.text(2);
-        CatalogTable& table = tables_[name.toCaseFolded()];
-        table.name = name;
         // Only a key that the engine generates is declared by this word in capitals.
-        table.columns.push_back({rows.text(1), declaredType(declared), declared == "INTEGER"_L1});
+        known.columns.push_back({rows.text(1), declaredType(declared), declared == "INTEGER"_L1});
     }
+    readIndexes(known);
+    return known;
 }
 
-void Catalog::loadIndexes() const {
+void Catalog::readIndexes(CatalogTable& table) const {
     SqliteStatement rows(database_,
-                         "SELECT i.tbl_name, c.name, c.seqno FROM main.sqlite_schema i, "
-                         "pragma_index_info(i.name) c WHERE i.type = 'index' ORDER BY i.name, c.seqno");
+                         "SELECT c.name, c.seqno FROM main.sqlite_schema i, pragma_index_info(i.name) c "
+                         "WHERE i.type = 'index' AND i.tbl_name = " +
+                             textSql(table.name) + " ORDER BY i.name, c.seqno");
     while (rows.step()) {
-        auto& indexes = tables_[rows.text(0).toCaseFolded()].indexes;
-        if (rows.whole(2) == 0) {
-            indexes.emplace_back();
+        if (rows.whole(1) == 0) {
+            table.indexes.emplace_back();
         }
-        indexes.back() += rows.text(1);
+        table.indexes.back() += rows.text(0);
     }
 }
 

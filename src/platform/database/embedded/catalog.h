@@ -2,10 +2,10 @@
 
 #include "platform/database/embedded/sql_type.h"
 
-#include <QHash>
 #include <QString>
 #include <QStringList>
 
+#include <unordered_map>
 #include <vector>
 
 struct sqlite3;
@@ -27,7 +27,7 @@ struct CatalogTable {
     const CatalogColumn* column(const QString& columnName) const;
 };
 
-/// The tables of one open database with the T-SQL types of their columns, read when first asked for.
+/// The tables of one open database with the T-SQL types of their columns, each read when first asked for.
 class Catalog {
  public:
     explicit Catalog(sqlite3* database) : database_(database) {}
@@ -41,13 +41,11 @@ class Catalog {
     void clear();
 
  private:
-    void load() const;
-    void loadColumns(const QByteArray& schema) const;
-    void loadIndexes() const;
+    CatalogTable read(const QString& table) const;
+    void readIndexes(CatalogTable& table) const;
 
     sqlite3* database_;
-    mutable bool loaded_ = false;
-    mutable QHash<QString, CatalogTable> tables_;
+    mutable std::unordered_map<QString, CatalogTable> tables_;  ///< by the name in small letters, those read so far
 };
 
 }  // namespace talvora::embedded

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 
 namespace talvora::embedded {
 
@@ -120,29 +119,6 @@ void fit(const Call& call) {
     call.giveText(fitted(call.text(0), static_cast<int>(call.whole(1))));
 }
 
-void divide(const Call& call) {
-    const bool whole = call.type(0) == SQLITE_INTEGER && call.type(1) == SQLITE_INTEGER;
-    if (call.real(1) == 0) {
-        throw serverError(server_error::DivisionByZero, u"Divide by zero error encountered."_s);
-    }
-    if (!whole) {
-        call.giveReal(call.real(0) / call.real(1));
-    } else if (call.whole(1) == -1) {
-        // The lowest number has no positive counterpart.
-        call.giveWhole(call.whole(0) == std::numeric_limits<qint64>::min() ? call.whole(0) : -call.whole(0));
-    } else {
-        call.giveWhole(call.whole(0) / call.whole(1));
-    }
-}
-
-void modulo(const Call& call) {
-    const qint64 divisor = call.whole(1);
-    if (divisor == 0) {
-        throw serverError(server_error::DivisionByZero, u"Divide by zero error encountered."_s);
-    }
-    call.giveWhole(divisor == -1 ? 0 : call.whole(0) % divisor);
-}
-
 /// Runs one function: NULL where an argument is NULL, and an error of T-SQL left for the driver.
 template <void (*function)(const Call&), int count>
 void run(sqlite3_context* context, int /*given*/, sqlite3_value** values) {
@@ -181,8 +157,6 @@ constexpr std::array functionTable = {
     Function{"tsql_nvarchar", 1, run<toText, 1>},
     Function{"tsql_cut", 2, run<cut, 2>},
     Function{"tsql_fit", 2, run<fit, 2>},
-    Function{"tsql_divide", 2, run<divide, 2>},
-    Function{"tsql_modulo", 2, run<modulo, 2>},
 };
 
 }  // namespace

@@ -118,16 +118,6 @@ QString Parser::optionalAlias() {
     return acceptWord("as"_L1) || atName() ? name() : QString();
 }
 
-QString Parser::columnAlias() {
-    // The name of a result's column may stand as a text, too.
-    const bool asText = peek(isWord("as"_L1) ? 1 : 0).kind == TokenKind::Text;
-    if (!asText) {
-        return optionalAlias();
-    }
-    acceptWord("as"_L1);
-    return tokens_.literals[static_cast<std::size_t>(structuralNumber())].content();
-}
-
 int Parser::structuralNumber() {
     const int literal = take().literal;
     structural_.push_back(literal);
@@ -172,11 +162,7 @@ SqlType Parser::dataType(int unsizedLength) {
 Query Parser::query() {
     const Nesting nesting(*this);
     Query query;
-    query.parts.push_back(select());
-    while (acceptWord("union"_L1)) {
-        query.unionAll.push_back(acceptWord("all"_L1));
-        query.parts.push_back(select());
-    }
+    query.select = select();
     query.order = ordering();
     return query;
 }
@@ -185,11 +171,7 @@ Select Parser::select() {
     expectWord("select"_L1);
     Select select;
     select.distinct = acceptWord("distinct"_L1);
-    if (!select.distinct) {
-        acceptWord("all"_L1);
-    }
     if (acceptWord("top"_L1)) {
-        const bool inBrackets = acceptSymbol("("_L1);
         if (peek().kind != TokenKind::Integer) {
             throw incorrectSyntax(peek().text);
         }
@@ -199,9 +181,6 @@ Select Parser::select() {
         select.top = digits.toInt(&ok);
         if (!ok) {
             throw incorrectSyntax(digits);
-        }
-        if (inBrackets) {
-            expectSymbol(")"_L1);
         }
     }
     do {
@@ -219,9 +198,6 @@ Select Parser::select() {
     if (acceptWord("group"_L1)) {
         expectWord("by"_L1);
         select.groupBy = list();
-    }
-    if (acceptWord("having"_L1)) {
-        select.having = expression();
     }
     return select;
 }
@@ -243,44 +219,16 @@ SelectItem Parser::selectItem() {
         return item;
     }
     item.value = expression();
-    item.alias = columnAlias();
+    item.alias = optionalAlias();
     return item;
 }
 
-std::vector<Join> Parser::sources() {
-    std::vector<Join> joins;
-    joins.push_back({JoinKind::Comma, source(), nullptr});
-    while (const auto kind = joinKind()) {
-        joins.push_back({*kind, source(), nullptr});
-        if (*kind != JoinKind::Comma && *kind != JoinKind::Cross) {
-            expectWord("on"_L1);
-            joins.back().on = expression();
-        }
-    }
-    return joins;
-}
-
-std::optional<JoinKind> Parser::joinKind() {
-    if (acceptSymbol(","_L1)) {
-        return JoinKind::Comma;
-    }
-    JoinKind kind = JoinKind::Inner;
-    if (acceptWord("cross"_L1)) {
-        kind = JoinKind::Cross;
-    } else if (acceptWord("left"_L1)) {
-        kind = JoinKind::Left;
-    } else if (acceptWord("right"_L1)) {
-        kind = JoinKind::Right;
-    } else if (acceptWord("full"_L1)) {
-        kind = JoinKind::Full;
-    } else if (!acceptWord("inner"_L1) && !isWord("join"_L1)) {
-        return std::nullopt;
-    }
-    if (kind != JoinKind::Inner && kind != JoinKind::Cross) {
-        acceptWord("outer"_L1);
-    }
-    expectWord("join"_L1);
-    return kind;
+std::vector<Source> Parser::sources() {
+    std::vector<Source> sources;
+    do {
+        sources.push_back(source());
+    } while (acceptSymbol(","_L1));
+    return sources;
 }
 
 Source Parser::source() {
@@ -307,20 +255,7 @@ std::vector<OrderItem> Parser::ordering() {
     }
     expectWord("by"_L1);
     do {
-        OrderItem item;
-        const Token& after = peek(1);
-        const bool alone = after.kind == TokenKind::End || isSymbol(","_L1, 1) || isSymbol(")"_L1, 1) ||
-                           isSymbol(";"_L1, 1) || isWord("asc"_L1, 1) || isWord("desc"_L1, 1);
-        if (peek().kind == TokenKind::Integer && alone) {
-            const QStringView digits = peek().text;
-            structuralNumber();
-            item.position = digits.toInt();
-            if (item.position < 1) {
-                throw incorrectSyntax(digits);
-            }
-        } else {
-            item.value = expression();
-        }
+        OrderItem item{expression()};
         item.descending = acceptWord("desc"_L1);
         if (!item.descending) {
             acceptWord("asc"_L1);

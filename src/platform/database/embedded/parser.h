@@ -4,8 +4,6 @@
 
 #include <QLatin1StringView>
 
-#include <optional>
-
 namespace talvora::embedded {
 
 /// Reads the tokens of one T-SQL statement into its tree. Every syntax fault, and everything of T-SQL that is not
@@ -16,7 +14,7 @@ class Parser {
 
     Statement parse();
 
-    /// The literals that went into the structure of the statement (top 5, nvarchar(20), order by 2): a translation
+    /// The literals that went into the structure of the statement (top 5, nvarchar(20)): a translation
     /// holds for other statements of the shape only when these are the same.
     const std::vector<int>& structural() const { return structural_; }
 
@@ -34,16 +32,14 @@ class Parser {
     QString name();
     QString tableName();
     QString optionalAlias();
-    QString columnAlias();
     int structuralNumber();
     SqlType dataType(int unsizedLength);
 
     // expressions, from the loosest binding to the tightest
     ExpressionPtr expression();
     ExpressionPtr conjunction();
-    ExpressionPtr negation();
     ExpressionPtr predicate();
-    ExpressionPtr negatablePredicate(ExpressionPtr left, bool negated);
+    ExpressionPtr inList(ExpressionPtr left, bool negated);
     ExpressionPtr sum();
     ExpressionPtr term();
     ExpressionPtr factor();
@@ -62,9 +58,8 @@ class Parser {
     Query query();
     Select select();
     SelectItem selectItem();
-    std::vector<Join> sources();
+    std::vector<Source> sources();
     Source source();
-    std::optional<JoinKind> joinKind();
     std::vector<OrderItem> ordering();
 
     // changes and definitions
@@ -73,13 +68,10 @@ class Parser {
     Delete remove();
     Statement create();
     CreateTable createTable();
-    CreateIndex createIndex(bool unique);
+    CreateIndex createIndex();
     Statement drop();
     ColumnDefinition columnDefinition();
     bool columnOption(ColumnDefinition& column);
-    QString defaultText();
-    bool tableKey(CreateTable& table);
-    std::vector<CreateIndex::Column> keyColumns();
 
     /// Bounds the recursion, so that no statement can exhaust the stack.
     class Nesting {

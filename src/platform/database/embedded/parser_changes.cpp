@@ -66,12 +66,8 @@ Statement Parser::create() {
     if (acceptWord("table"_L1)) {
         return createTable();
     }
-    const bool unique = acceptWord("unique"_L1);
-    if (!acceptWord("clustered"_L1)) {
-        acceptWord("nonclustered"_L1);
-    }
     expectWord("index"_L1);
-    return createIndex(unique);
+    return createIndex();
 }
 
 CreateTable Parser::createTable() {
@@ -79,55 +75,10 @@ CreateTable Parser::createTable() {
     table.table = tableName();
     expectSymbol("("_L1);
     do {
-        if (!tableKey(table)) {
-            table.columns.push_back(columnDefinition());
-        }
+        table.columns.push_back(columnDefinition());
     } while (acceptSymbol(","_L1));
     expectSymbol(")"_L1);
     return table;
-}
-
-bool Parser::tableKey(CreateTable& table) {
-    const bool named = acceptWord("constraint"_L1);
-    if (named) {
-        name();
-    }
-    if (!isWord("primary"_L1) && !isWord("unique"_L1)) {
-        if (named) {
-            throw incorrectSyntax(peek().text);
-        }
-        return false;
-    }
-    KeyDefinition key;
-    key.primary = acceptWord("primary"_L1);
-    if (key.primary) {
-        expectWord("key"_L1);
-    } else {
-        expectWord("unique"_L1);
-    }
-    if (!acceptWord("clustered"_L1)) {
-        acceptWord("nonclustered"_L1);
-    }
-    for (const auto& column : keyColumns()) {
-        key.columns.push_back(column.name);
-    }
-    table.keys.push_back(std::move(key));
-    return true;
-}
-
-std::vector<CreateIndex::Column> Parser::keyColumns() {
-    std::vector<CreateIndex::Column> columns;
-    expectSymbol("("_L1);
-    do {
-        CreateIndex::Column column{name(), false};
-        column.descending = acceptWord("desc"_L1);
-        if (!column.descending) {
-            acceptWord("asc"_L1);
-        }
-        columns.push_back(std::move(column));
-    } while (acceptSymbol(","_L1));
-    expectSymbol(")"_L1);
-    return columns;
 }
 
 ColumnDefinition Parser::columnDefinition() {
@@ -141,9 +92,6 @@ ColumnDefinition Parser::columnDefinition() {
 }
 
 bool Parser::columnOption(ColumnDefinition& column) {
-    if (acceptWord("constraint"_L1)) {
-        name();
-    }
     if (acceptWord("not"_L1)) {
         expectWord("null"_L1);
         column.notNull = true;
@@ -164,51 +112,26 @@ bool Parser::columnOption(ColumnDefinition& column) {
         column.identity = true;
     } else if (acceptWord("primary"_L1)) {
         expectWord("key"_L1);
-        if (!acceptWord("clustered"_L1)) {
-            acceptWord("nonclustered"_L1);
-        }
         column.primaryKey = true;
-    } else if (acceptWord("unique"_L1)) {
-        column.unique = true;
     } else if (acceptWord("collate"_L1)) {
         // Every text column has the one collation of the engine.
         name();
-    } else if (acceptWord("default"_L1)) {
-        column.defaultText = defaultText();
     } else {
         return false;
     }
     return true;
 }
 
-QString Parser::defaultText() {
-    if (acceptSymbol("("_L1)) {
-        const QString inner = defaultText();
-        expectSymbol(")"_L1);
-        return inner;
-    }
-    if (acceptWord("null"_L1)) {
-        return u"null"_s;
-    }
-    const bool negative = acceptSymbol("-"_L1);
-    const Token& token = peek();
-    if (token.literal < 0) {
-        throw incorrectSyntax(token.text);
-    }
-    structuralNumber();
-    if (token.kind == TokenKind::Text) {
-        return u'\'' + token.text.toString() + u'\'';
-    }
-    return (negative ? u"-"_s : QString()) + token.text.toString();
-}
-
-CreateIndex Parser::createIndex(bool unique) {
+CreateIndex Parser::createIndex() {
     CreateIndex index;
-    index.unique = unique;
     index.name = name();
     expectWord("on"_L1);
     index.table = tableName();
-    index.columns = keyColumns();
+    expectSymbol("("_L1);
+    do {
+        index.columns.push_back(name());
+    } while (acceptSymbol(","_L1));
+    expectSymbol(")"_L1);
     return index;
 }
 
@@ -217,25 +140,12 @@ Statement Parser::drop() {
     if (acceptWord("index"_L1)) {
         DropIndex index;
         index.name = name();
-        if (acceptSymbol("."_L1)) {
-            index.table = index.name;
-            index.name = name();
-        } else {
-            expectWord("on"_L1);
-            index.table = tableName();
-        }
+        expectWord("on"_L1);
+        index.table = tableName();
         return index;
     }
     expectWord("table"_L1);
-    DropTable table;
-    if (acceptWord("if"_L1)) {
-        expectWord("exists"_L1);
-        table.ifExists = true;
-    }
-    do {
-        table.tables.push_back(tableName());
-    } while (acceptSymbol(","_L1));
-    return table;
+    return DropTable{tableName()};
 }
 
 }  // namespace talvora::embedded

@@ -53,41 +53,24 @@ ExpressionPtr Parser::expression() {
 }
 
 ExpressionPtr Parser::conjunction() {
-    ExpressionPtr left = negation();
+    ExpressionPtr left = predicate();
     if (!isWord("and"_L1)) {
         return left;
     }
     ExpressionPtr both = make(Form::And, std::move(left));
     while (acceptWord("and"_L1)) {
-        adopt(*both, negation());
+        adopt(*both, predicate());
     }
     return both;
 }
 
-ExpressionPtr Parser::negation() {
-    const Nesting nesting(*this);
-    if (acceptWord("not"_L1)) {
-        return make(Form::Not, negation());
-    }
-    return predicate();
-}
-
 ExpressionPtr Parser::predicate() {
-    if (isWord("exists"_L1)) {
-        ExpressionPtr exists = make(Form::Exists);
-        take();
-        expectSymbol("("_L1);
-        exists->query = std::make_unique<Query>(query());
-        expectSymbol(")"_L1);
-        return exists;
-    }
     ExpressionPtr left = sum();
-    static constexpr std::array operators = {"="_L1,  "<>"_L1, "!="_L1, "<="_L1, ">="_L1,
-                                             "!<"_L1, "!>"_L1, "<"_L1,  ">"_L1};
+    static constexpr std::array operators = {"="_L1, "<>"_L1, "<="_L1, ">="_L1, "<"_L1, ">"_L1};
     for (const auto& symbol : operators) {
         if (acceptSymbol(symbol)) {
             ExpressionPtr compare = make(Form::Compare, std::move(left), sum());
-            compare->name = symbol == "!<"_L1 ? u">="_s : symbol == "!>"_L1 ? u"<="_s : QString(symbol);
+            compare->name = symbol;
             return compare;
         }
     }
@@ -97,36 +80,28 @@ ExpressionPtr Parser::predicate() {
         expectWord("null"_L1);
         return isNull;
     }
-    const bool negated = isWord("not"_L1) && (isWord("in"_L1, 1) || isWord("like"_L1, 1) || isWord("between"_L1, 1));
+    if (acceptWord("like"_L1)) {
+        return make(Form::Like, std::move(left), sum());
+    }
+    const bool negated = isWord("not"_L1) && isWord("in"_L1, 1);
     if (negated) {
         take();
     }
-    return negatablePredicate(std::move(left), negated);
+    return acceptWord("in"_L1) ? inList(std::move(left), negated) : std::move(left);
 }
 
-ExpressionPtr Parser::negatablePredicate(ExpressionPtr left, bool negated) {
-    ExpressionPtr made;
-    if (acceptWord("in"_L1)) {
-        made = make(Form::In, std::move(left));
-        expectSymbol("("_L1);
-        if (isWord("select"_L1)) {
-            made->query = std::make_unique<Query>(query());
-        } else {
-            do {
-                adopt(*made, sum());
-            } while (acceptSymbol(","_L1));
-        }
-        expectSymbol(")"_L1);
-    } else if (acceptWord("like"_L1)) {
-        made = make(Form::Like, std::move(left), sum());
-    } else if (acceptWord("between"_L1)) {
-        made = make(Form::Between, std::move(left), sum());
-        expectWord("and"_L1);
-        adopt(*made, sum());
-    } else {
-        return left;
-    }
+ExpressionPtr Parser::inList(ExpressionPtr left, bool negated) {
+    ExpressionPtr made = make(Form::In, std::move(left));
     made->negated = negated;
+    expectSymbol("("_L1);
+    if (isWord("select"_L1)) {
+        made->query = std::make_unique<Query>(query());
+    } else {
+        do {
+            adopt(*made, sum());
+        } while (acceptSymbol(","_L1));
+    }
+    expectSymbol(")"_L1);
     return made;
 }
 
@@ -142,7 +117,7 @@ ExpressionPtr Parser::sum() {
 
 ExpressionPtr Parser::term() {
     ExpressionPtr left = factor();
-    while (isSymbol("*"_L1) || isSymbol("/"_L1) || isSymbol("%"_L1)) {
+    while (isSymbol("*"_L1)) {
         const QString symbol = take().text.toString();
         left = make(Form::Arithmetic, std::move(left), factor());
         left->name = symbol;
@@ -152,19 +127,16 @@ ExpressionPtr Parser::term() {
 
 ExpressionPtr Parser::factor() {
     const Nesting nesting(*this);
-    if (acceptSymbol("+"_L1)) {
-        return factor();
-    }
     if (!acceptSymbol("-"_L1)) {
         return primary();
     }
-    ExpressionPtr operand = factor();
-    const bool number = operand->form == Form::Literal && operand->literalKind != TokenKind::Text;
-    if (number && !operand->negative) {
-        operand->negative = true;
-        return operand;
+    const Token& operand = peek();
+    if (operand.literal < 0 || operand.kind == TokenKind::Text) {
+        throw incorrectSyntax(operand.text);
     }
-    return make(Form::Negate, std::move(operand));
+    ExpressionPtr number = literal();
+    number->negative = true;
+    return number;
 }
 
 ExpressionPtr Parser::primary() {
@@ -182,7 +154,7 @@ ExpressionPtr Parser::primary() {
     if (isWord("case"_L1)) {
         return caseOf();
     }
-    if ((isWord("cast"_L1) || isWord("convert"_L1)) && isSymbol("("_L1, 1)) {
+    if (isWord("cast"_L1) && isSymbol("("_L1, 1)) {
         return castTo();
     }
     return columnOrCall();
@@ -198,13 +170,7 @@ ExpressionPtr Parser::literal() {
 
 ExpressionPtr Parser::bracketed() {
     const QStringView near = take().text;
-    ExpressionPtr inner;
-    if (isWord("select"_L1)) {
-        inner = make(Form::Subquery);
-        inner->query = std::make_unique<Query>(query());
-    } else {
-        inner = expression();
-    }
+    ExpressionPtr inner = expression();
     inner->near = near;
     expectSymbol(")"_L1);
     return inner;
@@ -235,7 +201,6 @@ ExpressionPtr Parser::call() {
     if (acceptSymbol("*"_L1)) {
         call->starred = true;
     } else {
-        call->distinct = acceptWord("distinct"_L1);
         do {
             adopt(*call, sum());
         } while (acceptSymbol(","_L1));
@@ -271,18 +236,11 @@ ExpressionPtr Parser::castTo() {
     ExpressionPtr made = make(Form::Cast);
     // A cast to a text type without a length keeps thirty characters.
     constexpr int castLength = 30;
-    const bool convert = isWord("convert"_L1);
     take();
     expectSymbol("("_L1);
-    if (convert) {
-        made->type = dataType(castLength);
-        expectSymbol(","_L1);
-        adopt(*made, sum());
-    } else {
-        adopt(*made, sum());
-        expectWord("as"_L1);
-        made->type = dataType(castLength);
-    }
+    adopt(*made, sum());
+    expectWord("as"_L1);
+    made->type = dataType(castLength);
     expectSymbol(")"_L1);
     return made;
 }

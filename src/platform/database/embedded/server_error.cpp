@@ -27,8 +27,6 @@ QString stateOf(int number) {
         case server_error::ConversionOverflow:
         case server_error::ArithmeticOverflow:
             return u"22003"_s;
-        case server_error::DivisionByZero:
-            return u"22012"_s;
         case server_error::TextTruncated:
             return u"22001"_s;
         case server_error::NullNotAllowed:

@@ -35,7 +35,6 @@ inline constexpr int NoDatabaseFile = 5172;
 inline constexpr int UpdatedIdentity = 8102;
 inline constexpr int RealConversion = 8114;
 inline constexpr int ArithmeticOverflow = 8115;
-inline constexpr int DivisionByZero = 8134;
 inline constexpr int TextTruncated = 8152;
 }  // namespace server_error
 

@@ -21,22 +21,17 @@ enum class Form : quint8 {
     Literal,
     Null,
     Column,
-    Arithmetic,  ///< name is one of + - * / %
-    Negate,
-    Call,      ///< name is the function; starred for count(*)
-    Case,      ///< [operand], when, then, when, then, …, [else]
-    Cast,      ///< to `type`
-    Subquery,  ///< a query that gives one value
+    Arithmetic,  ///< name is one of + - *
+    Call,        ///< name is the function; starred for count(*)
+    Case,        ///< [operand], when, then, when, then, …, [else]
+    Cast,        ///< to `type`
     // conditions
     And,
     Or,
-    Not,
     Compare,  ///< name is the operator
     Like,     ///< value, pattern
     In,       ///< value, then a list or `query`
-    Between,
     IsNull,
-    Exists,
 };
 
 struct Expression {
@@ -51,8 +46,7 @@ struct Expression {
     int literal = -1;
     int depth = 1;
     bool negative = false;  ///< of a literal: a minus stood in front
-    bool negated = false;   ///< not in, not like, is not null …
-    bool distinct = false;  ///< of a call: count(distinct …)
+    bool negated = false;   ///< not in, is not null
     bool starred = false;
     bool hasOperand = false;  ///< of a case: `case x when`, not `case when`
     bool hasElse = false;
@@ -66,14 +60,6 @@ struct Source {
     std::unique_ptr<Query> derived;
 };
 
-enum class JoinKind : quint8 { Comma, Inner, Left, Right, Full, Cross };
-
-struct Join {
-    JoinKind kind = JoinKind::Comma;
-    Source source;
-    ExpressionPtr on;
-};
-
 struct SelectItem {
     ExpressionPtr value;  ///< none for a star
     QString alias;
@@ -85,22 +71,18 @@ struct Select {
     int top = -1;  ///< rows; -1 for all
     std::vector<SelectItem> items;
     QString into;
-    std::vector<Join> from;
+    std::vector<Source> from;
     ExpressionPtr where;
     std::vector<ExpressionPtr> groupBy;
-    ExpressionPtr having;
 };
 
 struct OrderItem {
     ExpressionPtr value;
-    int position = 0;  ///< from 1; 0 when it is no bare number
     bool descending = false;
 };
 
-/// One select, or several joined by union.
 struct Query {
-    std::vector<Select> parts;
-    std::vector<bool> unionAll;  ///< between the parts
+    Select select;
     std::vector<OrderItem> order;
 };
 
@@ -119,7 +101,7 @@ struct Assignment {
 struct Update {
     QString table;
     std::vector<Assignment> assignments;
-    std::vector<Join> from;
+    std::vector<Source> from;
     ExpressionPtr where;
 };
 
@@ -134,36 +116,21 @@ struct ColumnDefinition {
     bool identity = false;
     bool notNull = false;
     bool primaryKey = false;
-    bool unique = false;
-    QString defaultText;  ///< as SQLite writes it; empty for none
-};
-
-/// A primary key or a unique constraint over columns.
-struct KeyDefinition {
-    bool primary = false;
-    std::vector<QString> columns;
 };
 
 struct CreateTable {
     QString table;
     std::vector<ColumnDefinition> columns;
-    std::vector<KeyDefinition> keys;
 };
 
 struct CreateIndex {
     QString name;
     QString table;
-    bool unique = false;
-    struct Column {
-        QString name;
-        bool descending = false;
-    };
-    std::vector<Column> columns;
+    std::vector<QString> columns;
 };
 
 struct DropTable {
-    std::vector<QString> tables;
-    bool ifExists = false;
+    QString table;
 };
 
 struct DropIndex {

@@ -29,19 +29,17 @@ constexpr std::array plainFunctions = {
     Plain{"patindex"_L1, "tt", Kind::Int},
 };
 
+bool isAggregate(const Expression& e) {
+    return e.name == "count"_L1 || e.name == "sum"_L1 || e.name == "max"_L1;
+}
+
 void requireArguments(const Expression& e, std::size_t count) {
-    if (e.starred || e.distinct || e.args.size() != count) {
+    if (e.starred || e.args.size() != count) {
         throw serverError(174, u"The %1 function requires %2 argument(s)."_s.arg(e.name, QString::number(count)));
     }
 }
 
 }  // namespace
-
-bool isAggregate(const Expression& e) {
-    static const std::array names = {"count"_L1, "sum"_L1, "avg"_L1, "min"_L1, "max"_L1};
-    return e.form == Form::Call &&
-           std::any_of(names.begin(), names.end(), [&](QLatin1StringView known) { return e.name == known; });
-}
 
 Translator::Piece Translator::call(const Expression& e, const Scope& scope) {
     if (isAggregate(e)) {
@@ -78,25 +76,21 @@ Translator::Piece Translator::aggregate(const Expression& e, const Scope& scope)
     }
     const Piece operand = value(*e.args[0], scope);
     const SqlType type = operand.type;
-    const QString inner = (e.distinct ? u"DISTINCT "_s : QString()) + as(operand, type.kind);
+    const QString sql = e.name + u'(' + as(operand, type.kind) + u')';
     if (e.name == "count"_L1) {
-        return {u"count("_s + inner + u')', {Kind::Int}};
+        return {sql, {Kind::Int}};
     }
-    if (e.name == "min"_L1 || e.name == "max"_L1) {
-        const QString sql = e.name + u'(' + inner + u')';
+    if (e.name == "max"_L1) {
         return type.isText() ? Piece{sql + collate, type, true} : Piece{sql, type};
     }
     if (!type.isNumber()) {
         throw serverError(8117, u"Operand data type %1 is invalid for %2 operator."_s.arg(typeWord(type.kind), e.name));
     }
     if (type.kind == Kind::Real) {
-        return {e.name + u'(' + inner + u')', type};
+        return {sql, type};
     }
     const Kind kind = std::max(type.kind, Kind::Int);
-    const QString sum = u"sum("_s + inner + u')';
-    // A whole average is cut, as a whole division is.
-    const QString whole = e.name == "sum"_L1 ? sum : sum + u" / count("_s + inner + u')';
-    return {u"tsql_"_s + typeWord(kind) + u'(' + whole + u')', {kind}};
+    return {u"tsql_"_s + typeWord(kind) + u'(' + sql + u')', {kind}};
 }
 
 }  // namespace talvora::embedded

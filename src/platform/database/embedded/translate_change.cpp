@@ -36,21 +36,6 @@ void requireCount(std::size_t columns, std::size_t values) {
     }
 }
 
-bool same(const QString& a, const QString& b) {
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
-/// The place in `from` of the table that an update changes; its size when the from clause does not repeat it.
-std::size_t targetIn(const std::vector<Join>& from, const QString& target) {
-    const auto at = [&from](auto&& test) {
-        return static_cast<std::size_t>(std::find_if(from.begin(), from.end(), test) - from.begin());
-    };
-    const std::size_t byAlias = at([&](const Join& join) {
-        return same(join.source.alias.isEmpty() ? join.source.table : join.source.alias, target);
-    });
-    return byAlias < from.size() ? byAlias : at([&](const Join& join) { return same(join.source.table, target); });
-}
-
 }  // namespace
 
 std::vector<const CatalogColumn*> Translator::insertedColumns(const Insert& insert, const CatalogTable& table) const {
@@ -120,25 +105,17 @@ QString Translator::insertedQuery(const Query& query, const std::vector<const Ca
 }
 
 void Translator::update(const Update& update) {
-    const std::size_t target = targetIn(update.from, update.table);
-    const bool repeated = target < update.from.size();
-    if (repeated && update.from[target].source.derived) {
-        throw incorrectSyntax(update.table);
-    }
-    const CatalogTable& table = catalog_.table(repeated ? update.from[target].source.table : update.table);
-    if (repeated || !rescore(update, table)) {
-        updateJoined(update, table, target);
+    const CatalogTable& table = catalog_.table(update.table);
+    if (!rescore(update, table)) {
+        updateJoined(update, table);
     }
 }
 
-void Translator::updateJoined(const Update& update, const CatalogTable& table, std::size_t target) {
-    const bool repeated = target < update.from.size();
-    const QString given = repeated ? update.from[target].source.alias : QString();
-    const QString alias = given.isEmpty() ? table.name : given;
+void Translator::updateJoined(const Update& update, const CatalogTable& table) {
     Scope scope;
-    scope.ranges.push_back(rangeOf(table, alias));
+    scope.ranges.push_back(rangeOf(table, table.name));
     QStringList conditions;
-    const QString from = repeated ? otherSources(update.from, target, scope, conditions) : sources(update.from, scope);
+    const QString from = sources(update.from, scope);
 
     std::vector<const CatalogColumn*> columns;
     QStringList assignments;
@@ -154,38 +131,15 @@ void Translator::updateJoined(const Update& update, const CatalogTable& table, s
     if (update.where) {
         conditions += condition(*update.where, scope);
     }
-    const bool hasOneOther = update.from.size() == (repeated ? 2U : 1U);
-    const Source* other = hasOneOther ? &update.from[target == 0 ? 1 : 0].source : nullptr;
-    if (other && !other->derived) {
-        conditions += isFirstMatch(update, other->table, scope);
+    if (update.from.size() == 1 && !update.from[0].derived) {
+        conditions += isFirstMatch(update, update.from[0].table, scope);
     }
-    QString sql =
-        u"UPDATE "_s + quoted(table.name) + u" AS "_s + quoted(alias) + u" SET "_s + assignments.join(u", "_s) + from;
+    const QString target = quoted(table.name);
+    QString sql = u"UPDATE "_s + target + u" AS "_s + target + u" SET "_s + assignments.join(u", "_s) + from;
     if (!conditions.isEmpty()) {
         sql += u" WHERE "_s + conditions.join(u" AND "_s);
     }
     out_.statement = sql.toUtf8();
-}
-
-QString Translator::otherSources(const std::vector<Join>& from, std::size_t target, Scope& scope,
-                                 QStringList& conditions) {
-    // SQLite wants the updated table out of the from clause. The joins then are plain conditions.
-    QStringList texts;
-    for (std::size_t i = 0; i < from.size(); ++i) {
-        const JoinKind kind = from[i].kind;
-        if (kind == JoinKind::Left || kind == JoinKind::Right || kind == JoinKind::Full) {
-            throw incorrectSyntax(u"outer join");
-        }
-        if (i != target) {
-            texts += source(from[i].source, scope);
-        }
-    }
-    for (const Join& join : from) {
-        if (join.on) {
-            conditions += condition(*join.on, scope);
-        }
-    }
-    return texts.isEmpty() ? QString() : u" FROM "_s + texts.join(u", "_s);
 }
 
 QString Translator::isFirstMatch(const Update& update, const QString& other, Scope scope) {
@@ -193,11 +147,6 @@ QString Translator::isFirstMatch(const Update& update, const QString& other, Sco
     scope.ranges.back().translatedName = u"?earlier"_s;
     const QString earlier = scope.ranges.back().sqlName();
     QStringList conditions = {earlier + u".rowid < "_s + later + u".rowid"_s};
-    for (const Join& join : update.from) {
-        if (join.on) {
-            conditions += condition(*join.on, scope);
-        }
-    }
     if (update.where) {
         conditions += condition(*update.where, scope);
     }

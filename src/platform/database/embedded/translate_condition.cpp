@@ -13,22 +13,16 @@ QString Translator::condition(const Expression& e, const Scope& scope) {
         case Form::And:
         case Form::Or:
             return junction(e, scope);
-        case Form::Not:
-            return u"(NOT "_s + condition(*e.args[0], scope) + u')';
         case Form::Compare:
             return compare(e, scope);
         case Form::In:
             return inList(e, scope);
         case Form::Like:
             return like(e, scope);
-        case Form::Between:
-            return between(e, scope);
         case Form::IsNull: {
             const Piece operand = value(*e.args[0], scope);
             return u'(' + as(operand, operand.type.kind) + (e.negated ? u" IS NOT NULL)"_s : u" IS NULL)"_s);
         }
-        case Form::Exists:
-            return u"EXISTS ("_s + query(*e.query, &scope).sql + u')';
         default:
             throw serverError(4145,
                               u"An expression of non-boolean type specified in a context where a condition is "
@@ -45,7 +39,7 @@ QString Translator::junction(const Expression& e, const Scope& scope) {
 }
 
 QString Translator::compare(const Expression& e, const Scope& scope) {
-    return comparison(value(*e.args[0], scope), e.name == "!="_L1 ? u"<>"_s : e.name, value(*e.args[1], scope));
+    return comparison(value(*e.args[0], scope), e.name, value(*e.args[1], scope));
 }
 
 QString Translator::comparison(const Piece& left, const QString& symbol, const Piece& right) {
@@ -100,14 +94,7 @@ QString Translator::like(const Expression& e, const Scope& scope) {
     for (const auto& argument : e.args) {
         arguments += as(value(*argument, scope), Kind::Text);
     }
-    return (e.negated ? u"(NOT tsql_like("_s : u"(tsql_like("_s) + arguments.join(u", "_s) + u"))"_s;
-}
-
-QString Translator::between(const Expression& e, const Scope& scope) {
-    const Piece operand = value(*e.args[0], scope);
-    const QString low = comparison(operand, u">="_s, value(*e.args[1], scope));
-    const QString high = comparison(operand, u"<="_s, value(*e.args[2], scope));
-    return (e.negated ? u"(NOT ("_s : u"(("_s) + low + u" AND "_s + high + u"))"_s;
+    return u"tsql_like("_s + arguments.join(u", "_s) + u')';
 }
 
 }  // namespace talvora::embedded

@@ -2,7 +2,6 @@
 #include "platform/database/embedded/server_error.h"
 #include "platform/database/embedded/translator.h"
 
-#include <algorithm>
 #include <type_traits>
 
 namespace talvora::embedded {
@@ -10,18 +9,6 @@ namespace talvora::embedded {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool same(const QString& a, const QString& b) {
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
-QString quotedList(const std::vector<QString>& names) {
-    QStringList list;
-    for (const QString& name : names) {
-        list += quoted(name);
-    }
-    return list.join(u", "_s);
-}
 
 QString definition(const ColumnDefinition& column) {
     if (column.identity) {
@@ -32,14 +19,8 @@ QString definition(const ColumnDefinition& column) {
     if (column.primaryKey) {
         sql += u" PRIMARY KEY"_s;
     }
-    if (column.unique) {
-        sql += u" UNIQUE"_s;
-    }
     if (column.notNull || column.primaryKey) {
         sql += u" NOT NULL"_s;
-    }
-    if (!column.defaultText.isEmpty()) {
-        sql += u" DEFAULT "_s + column.defaultText;
     }
     return sql;
 }
@@ -71,7 +52,7 @@ Translation Translator::translate(const Statement& statement) {
         [this](const auto& tree) {
             using Tree = std::decay_t<decltype(tree)>;
             if constexpr (std::is_same_v<Tree, Query>) {
-                if (!tree.parts[0].into.isEmpty()) {
+                if (!tree.select.into.isEmpty()) {
                     selectInto(tree);
                     return;
                 }
@@ -114,14 +95,6 @@ void Translator::createTable(const CreateTable& create) {
         identity = column.identity ? column.name : identity;
         parts += definition(column);
     }
-    for (const KeyDefinition& key : create.keys) {
-        const bool alreadyKey = key.columns.size() == 1 && same(key.columns[0], identity);
-        if (!alreadyKey) {
-            // A generated key is SQLite's primary key even where the schema chose another column for it.
-            const QString word = key.primary && identity.isEmpty() ? u"PRIMARY KEY ("_s : u"UNIQUE ("_s;
-            parts += word + quotedList(key.columns) + u')';
-        }
-    }
     const QString word = create.table.startsWith(u'#') ? u"CREATE TEMP TABLE "_s : u"CREATE TABLE "_s;
     out_.definitions.push_back((word + quoted(create.table) + u" ("_s + parts.join(u", "_s) + u')').toUtf8());
 }
@@ -129,29 +102,26 @@ void Translator::createTable(const CreateTable& create) {
 void Translator::createIndex(const CreateIndex& create) {
     const CatalogTable& table = catalog_.table(create.table);
     QStringList columns;
-    for (const auto& column : create.columns) {
-        const CatalogColumn* known = table.column(column.name);
+    for (const QString& column : create.columns) {
+        const CatalogColumn* known = table.column(column);
         if (!known) {
-            throw serverError(1911, u"Column name '%1' does not exist in the target table or view."_s.arg(column.name));
+            throw serverError(1911, u"Column name '%1' does not exist in the target table or view."_s.arg(column));
         }
-        columns += quoted(known->name) + (column.descending ? u" DESC"_s : QString());
+        columns += quoted(known->name);
     }
-    out_.definitions.push_back(((create.unique ? u"CREATE UNIQUE INDEX "_s : u"CREATE INDEX "_s) +
-                                indexName(table.name, create.name) + u" ON "_s + quoted(table.name) + u" ("_s +
-                                columns.join(u", "_s) + u')')
+    out_.definitions.push_back((u"CREATE INDEX "_s + indexName(table.name, create.name) + u" ON "_s +
+                                quoted(table.name) + u" ("_s + columns.join(u", "_s) + u')')
                                    .toUtf8());
 }
 
 void Translator::dropTable(const DropTable& drop) {
-    for (const QString& name : drop.tables) {
-        const CatalogTable* table = catalog_.find(name);
-        if (!table && !drop.ifExists) {
-            throw serverError(server_error::CannotDrop,
-                              u"Cannot drop the table '%1', because it does not exist or you "
-                              "do not have permission."_s.arg(name));
-        }
-        out_.definitions.push_back((u"DROP TABLE IF EXISTS "_s + quoted(table ? table->name : name)).toUtf8());
+    const CatalogTable* table = catalog_.find(drop.table);
+    if (!table) {
+        throw serverError(
+            server_error::CannotDrop,
+            u"Cannot drop the table '%1', because it does not exist or you do not have permission."_s.arg(drop.table));
     }
+    out_.definitions.push_back((u"DROP TABLE "_s + quoted(table->name)).toUtf8());
 }
 
 void Translator::dropIndex(const DropIndex& drop) {

@@ -66,7 +66,7 @@ bool Translator::rescore(const Update& update, const CatalogTable& table) {
         return false;
     }
     rescoring.scope.ranges.push_back(rangeOf(table, table.name));
-    const QString other = source(update.from[0].source, rescoring.scope);
+    const QString other = source(update.from[0], rescoring.scope);
     rescoring.answer = ownColumn(*rescoring.value->args[0], rescoring);
     if (!rescoring.answer || !bindsByIndex(update, rescoring) || !hasDistinctConstants(rescoring)) {
         return false;
@@ -82,15 +82,15 @@ bool Translator::rescore(const Update& update, const CatalogTable& table) {
 }
 
 bool Translator::isRescoring(const Update& update, Rescoring& found) const {
-    if (update.assignments.size() != 1 || update.from.size() != 1 || update.from[0].source.derived ||
+    if (update.assignments.size() != 1 || update.from.size() != 1 || update.from[0].derived ||
         !isPlainConjunction(update.where.get())) {
         return false;
     }
     found.value = update.assignments[0].value.get();
     found.score = found.table.column(update.assignments[0].column);
     const auto& args = found.value->args;
-    return found.value->form == Form::Case && found.value->hasOperand && found.score && found.score->type.isNumber() &&
-           !found.score->identity &&
+    return found.value->form == Form::Case && found.value->hasOperand && !found.value->hasElse && found.score &&
+           found.score->type.isNumber() && !found.score->identity &&
            std::all_of(args.begin(), args.end(), [](const auto& part) { return isPlain(*part); });
 }
 
@@ -132,9 +132,8 @@ bool Translator::bindsByIndex(const Update& update, const Rescoring& rescoring) 
 bool Translator::hasDistinctConstants(const Rescoring& rescoring) const {
     // The branches must exclude one another: of two that name one answer, the first counts.
     const auto& args = rescoring.value->args;
-    const std::size_t pairsEnd = args.size() - (rescoring.value->hasElse ? 1 : 0);
     QStringList seen;
-    for (std::size_t i = 1; i < pairsEnd; i += 2) {
+    for (std::size_t i = 1; i < args.size(); i += 2) {
         if (args[i]->form != Form::Literal || args[i]->literalKind != TokenKind::Text ||
             !rescoring.answer->type.isText()) {
             return false;
@@ -183,7 +182,7 @@ QStringList Translator::namedArms(const Update& update, const Rescoring& rescori
     const QString target = quoted(rescoring.table.name);
     const QString score = target + u'.' + quoted(rescoring.score->name);
     const QString where = u" WHERE "_s + condition(*update.where, rescoring.scope) + u" AND "_s +
-                          isFirstMatch(update, update.from[0].source.table, rescoring.scope) + u" AND "_s;
+                          isFirstMatch(update, update.from[0].table, rescoring.scope) + u" AND "_s;
     const Scope stored = storedScope(rescoring);
     const QString own = ownConditions(update, rescoring, stored);
     const auto& args = rescoring.value->args;
@@ -219,14 +218,12 @@ QStringList Translator::otherArms(const Update& update, const Rescoring& rescori
     const QString others = differentValues(rescoring, *rescoring.answer, ownConditions(update, rescoring, stored)) +
                            u" AND \"value\" COLLATE "_s + QLatin1StringView(collationName) + u" NOT IN ("_s +
                            named.join(u", "_s) + u')';
-    const QString newScore =
-        rescoring.value->hasElse ? assigned(value(*args.back(), rescoring.scope), *rescoring.score) : u"NULL"_s;
     // Written so, not as "is not null", a range of the index answers it.
-    const QString differs = newScore == "NULL"_L1 ? score + u" >= -9e999"_s : score + u" IS NOT "_s + newScore;
-    const QString rows = u"SELECT "_s + target + u".rowid AS \"row\", "_s + newScore + u" AS \"score\" FROM "_s;
+    const QString differs = score + u" >= -9e999"_s;
+    const QString rows = u"SELECT "_s + target + u".rowid AS \"row\", NULL AS \"score\" FROM "_s;
     const QString joined = target + u" AS "_s + target + u" CROSS JOIN "_s + other + u" WHERE "_s +
                            condition(*update.where, rescoring.scope) + u" AND "_s +
-                           isFirstMatch(update, update.from[0].source.table, rescoring.scope) + u" AND "_s + differs +
+                           isFirstMatch(update, update.from[0].table, rescoring.scope) + u" AND "_s + differs +
                            u" AND "_s + answer;
     return {rows + u'(' + others + u") AS \"others\" CROSS JOIN "_s + joined + u" = \"others\".\"value\""_s,
             rows + joined + u" IS NULL"_s};

@@ -29,16 +29,12 @@ Translator::Piece Translator::value(const Expression& e, const Scope& scope) {
             return column(e, scope);
         case Form::Arithmetic:
             return arithmetic(e, scope);
-        case Form::Negate:
-            return negated(e, scope);
         case Form::Call:
             return call(e, scope);
         case Form::Case:
             return caseOf(e, scope);
         case Form::Cast:
             return castTo(e, scope);
-        case Form::Subquery:
-            return subquery(e, scope);
         default:
             // A condition is no value in T-SQL.
             throw incorrectSyntax(e.near);
@@ -91,31 +87,13 @@ Translator::Piece Translator::arithmetic(const Expression& e, const Scope& scope
     if (kind == Kind::Text && e.name == "+"_L1) {
         return {u'(' + as(left, kind) + u" || "_s + as(right, kind) + u')' + collate, {Kind::Text}, true};
     }
-    if (kind == Kind::Text || kind == Kind::DateTime || (kind == Kind::Real && e.name == "%"_L1)) {
+    if (kind == Kind::Text || kind == Kind::DateTime) {
         throw serverError(8117,
                           u"Operand data type %1 is invalid for the operator '%2'."_s.arg(typeWord(kind), e.name));
     }
     kind = kind < Kind::Int ? Kind::Int : kind;
-    const QString a = as(left, kind);
-    const QString b = as(right, kind);
-    if (e.name == "/"_L1) {
-        return {u"tsql_divide("_s + a + u", "_s + b + u')', {kind}};
-    }
-    if (e.name == "%"_L1) {
-        return {u"tsql_modulo("_s + a + u", "_s + b + u')', {kind}};
-    }
-    const QString sql = u'(' + a + u' ' + e.name + u' ' + b + u')';
+    const QString sql = u'(' + as(left, kind) + u' ' + e.name + u' ' + as(right, kind) + u')';
     // SQLite goes on in 64 bits or in floating point where T-SQL overflows.
-    return {kind == Kind::Real ? sql : u"tsql_"_s + typeWord(kind) + sql, {kind}};
-}
-
-Translator::Piece Translator::negated(const Expression& e, const Scope& scope) {
-    const Piece operand = value(*e.args[0], scope);
-    const Kind kind = std::max(operand.type.kind, Kind::Int);
-    if (kind == Kind::DateTime) {
-        throw serverError(8117, u"Operand data type datetime is invalid for the operator '-'."_s);
-    }
-    const QString sql = u"(-"_s + as(operand, kind) + u')';
     return {kind == Kind::Real ? sql : u"tsql_"_s + typeWord(kind) + sql, {kind}};
 }
 
@@ -164,16 +142,6 @@ Translator::Piece Translator::castTo(const Expression& e, const Scope& scope) {
     const QString cut =
         e.type.length == SqlType::Unlimited ? sql : u"tsql_cut(%1, %2)"_s.arg(sql, QString::number(e.type.length));
     return {u'(' + cut + u')' + collate, e.type, true};
-}
-
-Translator::Piece Translator::subquery(const Expression& e, const Scope& scope) {
-    const Rows rows = query(*e.query, &scope);
-    if (rows.columns.size() != 1) {
-        throw serverError(116, u"Only one expression can be specified in the select list of a subquery."_s);
-    }
-    const SqlType type = rows.columns[0].type;
-    const QString sql = u'(' + rows.sql + u')';
-    return type.isText() ? Piece{sql + collate, type, true} : Piece{sql, type};
 }
 
 QString Translator::parameter(const Expression& literal, SqlType target) {

@@ -13,8 +13,6 @@ namespace talvora::embedded {
 
 /// `name` as SQLite takes it, whatever characters it holds.
 QString quoted(const QString& name);
-/// Whether this is a call of count, sum, avg, min or max.
-bool isAggregate(const Expression& e);
 /// How a column stands in a create table.
 QString columnSql(const QString& name, const SqlType& type);
 
@@ -81,10 +79,8 @@ class Translator {
     Piece literal(const Expression& e) const;
     Piece column(const Expression& e, const Scope& scope) const;
     Piece arithmetic(const Expression& e, const Scope& scope);
-    Piece negated(const Expression& e, const Scope& scope);
     Piece caseOf(const Expression& e, const Scope& scope);
     Piece castTo(const Expression& e, const Scope& scope);
-    Piece subquery(const Expression& e, const Scope& scope);
     Piece call(const Expression& e, const Scope& scope);
     Piece aggregate(const Expression& e, const Scope& scope);
     QString parameter(const Expression& literal, SqlType target);
@@ -100,19 +96,13 @@ class Translator {
     QString comparison(const Piece& left, const QString& symbol, const Piece& right);
     QString inList(const Expression& e, const Scope& scope);
     QString like(const Expression& e, const Scope& scope);
-    QString between(const Expression& e, const Scope& scope);
 
-    // queries (translate_query.cpp, translate_grouping.cpp)
+    // queries (translate_query.cpp)
     Rows query(const Query& query, const Scope* outer);
-    Rows select(const Select& select, const Scope* outer, const std::vector<OrderItem>& order);
     Rows items(const Select& select, const Scope& scope);
     void star(const SelectItem& item, const Scope& scope, Rows& rows, QStringList& sql) const;
-    void checkGrouping(const Select& select, const Scope& scope);
-    void checkGrouped(const Expression& e, const Select& select, const Scope& scope);
-    bool sameValue(const Expression& a, const Expression& b, const Scope& scope);
-    QString ordering(const Select& select, const Scope& scope, const std::vector<OrderItem>& order);
-    QString compoundOrdering(const Rows& rows, const std::vector<OrderItem>& order) const;
-    QString sources(const std::vector<Join>& joins, Scope& scope);
+    QString ordering(const std::vector<OrderItem>& order, const Scope& scope);
+    QString sources(const std::vector<Source>& sources, Scope& scope);
     QString source(const Source& source, Scope& scope);
     void selectInto(const Query& query);
 
@@ -121,8 +111,7 @@ class Translator {
     std::vector<const CatalogColumn*> insertedColumns(const Insert& insert, const CatalogTable& table) const;
     QString insertedQuery(const Query& query, const std::vector<const CatalogColumn*>& columns);
     void update(const Update& update);
-    void updateJoined(const Update& update, const CatalogTable& table, std::size_t target);
-    QString otherSources(const std::vector<Join>& from, std::size_t target, Scope& scope, QStringList& conditions);
+    void updateJoined(const Update& update, const CatalogTable& table);
     /// Whether no earlier row of `other`, the last of the scope, matches the updated row too. Of several that do, the
     /// first counts: the same update run again must set the same values again.
     QString isFirstMatch(const Update& update, const QString& other, Scope scope);
