@@ -74,9 +74,14 @@ TEST_P(RoleTest, EachStatementFailsInTurn) {
         EXPECT_EQ(cRole::AddNew({}, u"old"_s, {}, twoRights()), Status::Done);
         id = keyOf(u"old"_s);
     };
+    const auto left = [] { return rowsOf(u"select RoleName from Roles"_s) + u' ' + counts(); };
+    // Statements: guard, begin, greatest code, role, its key, two rights, commit. The transaction stays open.
     failEachStatement(
-        OnError::Throws, u"1 2, 1 2, 1 2, 1 2, 1 0, 1 1, 1 2"_s, store,
-        [&] { return cRole::Update(id, u"new"_s, {}, twoRights()); }, counts);
+        OnError::Throws, u" 0 0,  0 0,  0 0,  0 0, new 1 0, new 1 0, new 1 1, new 1 2"_s, forget,
+        [] { return cRole::AddNew({}, u"new"_s, {}, twoRights()); }, left);
+    failEachStatement(
+        OnError::Throws, u"old 1 2, old 1 2, old 1 2, new 1 2, new 1 0, new 1 1, new 1 2"_s, store,
+        [&] { return cRole::Update(id, u"new"_s, {}, twoRights()); }, left);
     // An unanswered guard deletes nothing.
     failEachStatement(
         OnError::GoesOn, u"1 2, 0 0, 0 2, 1 0, 0 0"_s, store, [&] { return cRole::Delete(id); }, counts);
