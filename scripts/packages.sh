@@ -3,7 +3,7 @@
 build_packages=(
     g++ cmake ninja-build git
     qt6-base-dev qt6-svg-dev qt6-qpa-plugins
-    libsqlite3-dev unixodbc-dev libfontconfig-dev libfontconfig-dev libxlsxwriter-dev
+    libsqlite3-dev unixodbc-dev libfontconfig-dev libxlsxwriter-dev
     fonts-noto-cjk
 )
 run_packages=(tdsodbc)
