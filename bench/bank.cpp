@@ -8,6 +8,10 @@
 
 #include <algorithm>
 
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
 namespace talvora::bench {
 
 using namespace Qt::StringLiterals;
@@ -136,6 +140,15 @@ void report(benchmark::State& state, const char* name, const Costs& costs, const
     state.counters[otherName] = other.clock() / thousandth;
     state.counters["ratio"] = costs.clock() / other.clock();
     state.counters["cpu_ratio"] = costs.cpu() / other.cpu();
+}
+
+double allocatedBytes() {
+#if defined(__GLIBC__)
+    const struct mallinfo2 info = mallinfo2();
+    return static_cast<double>(info.uordblks + info.hblkhd);
+#else
+    return 0;
+#endif
 }
 
 }  // namespace talvora::bench

@@ -73,4 +73,7 @@ class Costs {
 /// Puts both costs in milliseconds under their names, and how many times the first is of the second.
 void report(benchmark::State& state, const char* name, const Costs& costs, const char* otherName, const Costs& other);
 
+/// The bytes that are allocated now; 0 where the platform does not tell.
+double allocatedBytes();
+
 }  // namespace talvora::bench

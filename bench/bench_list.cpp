@@ -7,10 +7,6 @@
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
-#if defined(__GLIBC__)
-#include <malloc.h>
-#endif
-
 namespace talvora::bench {
 
 namespace {
@@ -37,16 +33,6 @@ void readPlain(PlainStatement& query) {
         }
     }
     query.reset();
-}
-
-/// The bytes that are allocated now; 0 where the platform does not tell.
-double allocatedBytes() {
-#if defined(__GLIBC__)
-    const struct mallinfo2 info = mallinfo2();
-    return static_cast<double>(info.uordblks + info.hblkhd);
-#else
-    return 0;
-#endif
 }
 
 void listOfAllTests(benchmark::State& state) {
