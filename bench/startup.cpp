@@ -1,6 +1,8 @@
 // The time from the start of a process to its first painted window: the program as an organisation starts it, up to the
-// login window on the sample bank, against a process that shows an empty window, with and without a line of text. This
-// program starts itself again for each, by turns, so that a machine whose speed drifts bears on all alike.
+// login window on the sample bank, against a process that shows an empty window: this program's own, with and without a
+// line of text, and that of a program of Qt alone. A process is started for each, by turns, so that a machine whose
+// speed drifts bears on all alike.
+#include "bench/first_paint.h"
 #include "core/mdlpublic.h"
 #include "setup/sample/sample.h"
 #include "setup/session.h"
@@ -16,28 +18,11 @@
 #include <QWidget>
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
-
 namespace talvora {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-/// Ends the process when a window has been painted.
-class FirstPaint : public QObject {
- public:
-    bool eventFilter(QObject* receiver, QEvent* event) override {
-        if (!painting_ && event->type() == QEvent::UpdateRequest && receiver->isWidgetType()) {
-            painting_ = true;
-            QCoreApplication::sendEvent(receiver, event);
-            std::_Exit(EXIT_SUCCESS);
-        }
-        return QObject::eventFilter(receiver, event);
-    }
-
- private:
-    bool painting_ = false;
-};
+using bench::FirstPaint;
 
 /// A sample bank in a folder of its own, and the connection file beside this program that leads to it. Both go at the
 /// end.
@@ -78,12 +63,12 @@ int startEmptyWindow(int& argc, char** argv, bool withLabel) {
     return QApplication::exec();
 }
 
-/// Seconds of a process of this program in the given part.
-double secondsOf(const QString& part) {
+/// Seconds of a process of this program in the given part, or of another program in its folder.
+double secondsOf(const QString& part, const QString& program = QCoreApplication::applicationFilePath()) {
     QElapsedTimer clock;
     clock.start();
     QProcess process;
-    process.start(QCoreApplication::applicationFilePath(), {part});
+    process.start(program, {part});
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
         qFatal("the window did not come up");
     }
@@ -96,15 +81,19 @@ void loginWindow(benchmark::State& state) {
     double program = 0;
     double label = 0;
     double empty = 0;
+    double bare = 0;
+    const QString bareWindow = QCoreApplication::applicationDirPath() + u"/talvora_bench_bare_window"_s;
     for (auto _ : state) {
         const double thisTime = secondsOf(u"program"_s);
         state.SetIterationTime(thisTime);
         program += thisTime;
         label += secondsOf(u"label"_s);
         empty += secondsOf(u"empty"_s);
+        bare += secondsOf({}, bareWindow);
     }
     state.counters["ratio_to_label"] = program / label;
     state.counters["ratio_to_textless"] = program / empty;
+    state.counters["ratio_to_qt_alone"] = program / bare;
 }
 BENCHMARK(loginWindow)->UseManualTime()->Iterations(30)->Unit(benchmark::kMillisecond);
 
