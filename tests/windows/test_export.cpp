@@ -1,0 +1,276 @@
+// What the export routines write, cell by cell, and what the workbook's window and its preview do with it.
+
+#include "results/export_list.h"
+#include "results/export_reports.h"
+#include "results/frmpreview.h"
+#include "results/frmworkbook.h"
+#include "tests/support/database_fixture.h"
+#include "tests/support/error_of.h"
+#include "tests/support/windows.h"
+#include "tests/windows/sheet_listing.h"
+#include "toolkit/flexgrid.h"
+
+#include <QDesktopServices>
+#include <QFile>
+#include <QFileInfo>
+#include <QPrinter>
+#include <QProcess>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+namespace talvora::test {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ExportTest : public WindowTest {
+ protected:
+    /// The window that the last export has opened.
+    static frmWorkbook& window() { return dynamic_cast<frmWorkbook&>(*Form::loaded().back()); }
+    static const Workbook& sheet() { return window().Sheet->workbook(); }
+    static QString listing() { return sheetListing(sheet()).join(u'\n'); }
+
+    /// What another program reads in the file; nothing when it isn't installed.
+    static QString readBack(const QString& file) {
+        QProcess python;
+        python.setProcessEnvironment([] {
+            auto environment = QProcessEnvironment::systemEnvironment();
+            environment.insert(u"PYTHONIOENCODING"_s, u"utf-8"_s);
+            return environment;
+        }());
+        // Another python on the path need not have the package.
+        const QString packaged = QStandardPaths::findExecutable(u"python3"_s, {u"/usr/bin"_s});
+        python.start(packaged.isEmpty() ? u"python3"_s : packaged,
+                     {QStringLiteral(TALVORA_SOURCE_DIR "/tests/windows/list_workbook.py"), file});
+        python.waitForFinished();
+        const QByteArray faults = python.readAllStandardError();
+        EXPECT_TRUE(faults.isEmpty() || faults.contains("No module named 'openpyxl'")) << faults.constData();
+        return QString::fromUtf8(python.readAllStandardOutput()).trimmed();
+    }
+
+    FlexGrid grid;
+    QProgressBar bar;
+};
+
+/// Stands for the desktop's spreadsheet program.
+class UrlOpener : public QObject {
+    Q_OBJECT
+
+ public:
+    QString path;
+    Q_SLOT void open(const QUrl& url) { path = url.toLocalFile(); }
+};
+
+TEST(ColumnName, IsTheAddressWithItsAtSigns) {
+    for (const auto& [column, name] : std::initializer_list<std::pair<int, const char*>>{
+             {1, "A7"}, {26, "Z7"}, {27, "AA7"}, {51, "AY7"}, {52, "B@7"}, {53, "BA7"}, {676, "Z@7"}, {701, "ZY7"}}) {
+        EXPECT_EQ(ColumnName(7, column), QLatin1StringView(name));
+    }
+    EXPECT_EQ(errorOf([] { ColumnName(1, 702); }), 100000);
+}
+
+TEST(Workbook, KeepsTextsThatAreNoShownNumber) {
+    Workbook sheet;
+    int row = 0;
+    QString kinds;
+    for (const QString& text :
+         {u"34"_s, u"-0.5"_s, u"007"_s, u"'34"_s, u"110101199001011"_s, u"1e3"_s, u" 1"_s, u"３"_s}) {
+        sheet.SetCell(++row, 1, text);
+        EXPECT_EQ(sheet.text(row, 1), text.startsWith(u'\'') ? text.mid(1) : text);
+        kinds += sheet.number(row, 1) ? u'n' : u't';
+    }
+    EXPECT_EQ(kinds, u"nntttttt"_s);
+    sheet.SelectRange(u"C2"_s);
+    for (const QString& address : {u"A2:B@2"_s, u"A0"_s, u"A1:XFE1"_s, u"A2:"_s}) {
+        EXPECT_EQ(errorOf([&] { sheet.SelectRange(address); }), Workbook::Refused) << address.toStdString();
+    }
+    EXPECT_EQ(sheet.selection().column, 3);
+    EXPECT_EQ(errorOf([&] { sheet.SetCell(1, 0, 1.0); }), Workbook::Refused);
+}
+
+TEST_F(ExportTest, ListGoesOutAsItStands) {
+    grid.setFormatString(u"Key|姓名|隐藏|年龄|编号"_s);
+    grid.setColHidden(0, true);
+    grid.setColHidden(2, true);
+    PromptScript script;
+    script.expect(vbOK, u"没有数据记录，不需导出！"_s);
+    ExportList(grid, false, u"测评记录明细"_s, bar);
+    EXPECT_EQ(script.last().style, vbInformation);
+    grid.AddItem(u"k\t类型"_s);
+    grid.setIsSubtotal(1, true);
+    grid.AddItem(u"k\t张三\t-\t34\t007"_s);
+    ExportList(grid, false, u"测评记录明细"_s, bar);
+    EXPECT_EQ(listing(), u"|测评记录明细|~B16\n姓名~sbt|年龄~sbt|编号~sbt\n类型~bt|~bt|~bt\n张三~bt|34~bt|007~bt"_s);
+    EXPECT_TRUE(bar.isHidden());
+    EXPECT_EQ(bar.maximum(), 2);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(ExportTest, The52ndVisibleColumnHasNeitherShadesNorLines) {
+    grid.setFormatString(QString(51, u'|'));
+    grid.AddItem(u"a"_s);
+    ExportList(grid, false, u"标题"_s, bar);
+    EXPECT_EQ(sheet().columns(), 52);
+    EXPECT_EQ(sheet().text(1, 26), u"标题"_s);
+    EXPECT_TRUE(!sheet().format(2, 1).shaded && !sheet().format(2, 1).boxed && !sheet().format(1, 3).shaded);
+}
+
+TEST_F(ExportTest, ClicksOfTheMeantimeAreDropped) {
+    grid.setFormatString(u"一|二|三"_s);
+    for (int row = 0; row < 40'000; ++row) {
+        grid.AddItem(u"1\t2\t3"_s);
+    }
+    QPushButton button;
+    button.show();
+    int clicks = 0;
+    int ticks = 0;
+    QObject::connect(&button, &QPushButton::clicked, &button, [&] { ++clicks; });
+    QTimer::singleShot(0, &button, [&] {
+        ++ticks;
+        QTest::mouseClick(&button, Qt::LeftButton);
+    });
+    ExportList(grid, false, {}, bar);
+    EXPECT_EQ(ticks, 1);
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(ExportTest, ReportsHaveABlockForEachRecord) {
+    const EmbeddedDatabase database;
+    for (const QString& values :
+         {u"1,'经理模型',null"_s, u"1,'沟通','001'"_s, u"1,'表达','001001'"_s, u"1,'倾听','001002'"_s}) {
+        cnnPublic.Execute(u"insert into TestingResult (TestingNumber,TypeName,TypeCode) values (%1)"_s.arg(values));
+    }
+    cnnPublic.Execute(
+        u"insert into TestingResultDetail (TestingID,ExaminationID,QuestionName,Answer1,Answer2,SelectAnswer,Score) "
+        u"values "
+        u"(3,1,'题一','是','否','A',2)"_s);
+    cnnPublic.Execute(u"insert into Examination (TypeCode,ExaminationNum) values ('001001','007')"_s);
+    cnnPublic.Execute(
+        u"insert into ExaminationQuestion (ExaminationID,QuestionName,Answer1,Score1,Score2) values (1,'题',"_s +
+        u"'甲',5,-1)"_s);
+    PromptScript script;
+    script.expect(vbOK, u"没有选择或不存在数据记录，不需导出！"_s);
+    ExportPaperReport(grid, false, u"详细测评试卷"_s, bar, false);
+
+    grid.setFormatString(QString(16, u'|'));
+    grid.AddItem(u"0\t分类"_s);
+    grid.setIsSubtotal(1, true);
+    grid.AddItem(
+        u"1\t1\t张三\t女\t34\t110101199001011234\t本科\t会计\t3000~5000\t2010-09-05 08:30:00\t经理模型\t1.0\t1\t1\t2\t良好"_s);
+    grid.AddItem(u"2\t不是数"_s);
+    script.expect(vbOK, u"没有选择或不存在数据记录，不需导出！"_s);
+    ExportTestingReport(grid, false, u"详细测评报告"_s, bar, true);
+    grid.Select(1, 1, 2, 1);
+    ExportTestingReport(grid, false, u"详细测评报告"_s, bar, true);
+    const QString expected =
+        uR"(||~B16||详细测评报告|||||
+姓    名~sb|张三~bl|性    别~sb|女~bl|年    龄~sb|#34~bl|身份证号~sb|110101199001011234~bl|学    历~sb|本科~bl
+职    位~sb|会计~bl|薪资范围~sb|3000~5000~bl|测评时间~sb|2010-09-05 08:30:00~bl|测评类型~sb|经理模型~bl|模型版本~sb|1.0~bl
+试卷题目数~sb|#1~bl|实际答题数~sb|#1~bl|测评得分~sb|#2~bl|测评结果~sb|良好~bl|结果说明~sb|~bl
+测评题目（类型）~sb|||选项A~sb|选项B~sb|选项C~sb|选项D~sb|选项E~sb|选择~sb|得分~sb
+题一~b|||是~b|否~b|~b|~b|~b|A~b|#2~b
+   倾听|||||||||
+5,1-5,3
+6,1-6,3)"_s;
+    EXPECT_EQ(listing(), expected);
+    EXPECT_EQ(bar.maximum(), 2);
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"表.xlsx"_s);
+    script.expectSaveFile(file);
+    click(window().ui->cmdSave);
+    const QString read = readBack(file);
+    if (read.isEmpty()) {
+        GTEST_LOG_(WARNING) << "python3-openpyxl is not installed: no other program has read the file";
+    } else {
+        EXPECT_EQ(read, expected);
+    }
+
+    grid.setRows(1);
+    grid.AddItem(u"001001\t  表达"_s);
+    grid.setIsSubtotal(1, true);
+    grid.AddItem(u"0010011\t  007\t作者\t审核\t批准\t写\t审\t批\t2\t1\t30\t说明"_s);
+    grid.AddItem(u"0010012\t  没有"_s);
+    ExportPaperReport(grid, false, u"详细测评试卷"_s, bar, false);
+    EXPECT_EQ(listing(),
+              uR"(||~B16|||详细测评试卷||||||
+试卷类型~sblm|  表达~blm|试卷编号~sblm|  007~blm|编制人员~sblm|作者~blm|编制日期~sblm|写~blm|审核人员~sblm|审核~blm|审核日期~sblm|审~blm
+批准人员~sblm|批准~blm|批准日期~sblm|批~blm|每题答案数~sblm|#2~blm|试卷题目数~sblm|#1~blm|测评时长~sblm|#30~blm|试卷说明~sblm|说明~blm
+序号~sblm|题目~sblm|选项A~sblm|分数~sblm|选项B~sblm|分数~sblm|选项C~sblm|分数~sblm|选项D~sblm|分数~sblm|选项E~sblm|分数~sblm
+#1~blm|题~blm|甲~blm|#5~blm|~blm|#-1~blm|~blm|#0~blm|~blm|#0~blm|~blm|#0~blm
+|||||||||||
+试卷类型~sblm|  007~blm|试卷编号~sblm|  没有~blm|编制人员~sblm|~blm|编制日期~sblm|~blm|审核人员~sblm|~blm|审核日期~sblm|~blm
+批准人员~sblm|~blm|批准日期~sblm|~blm|每题答案数~sblm|~blm|试卷题目数~sblm|~blm|测评时长~sblm|~blm|试卷说明~sblm|~blm
+序号~sblm|题目~sblm|选项A~sblm|分数~sblm|选项B~sblm|分数~sblm|选项C~sblm|分数~sblm|选项D~sblm|分数~sblm|选项E~sblm|分数~sblm)"_s);
+}
+
+TEST(SheetPages, RepeatHeadsAndKeepBlocksWhole) {
+    Workbook sheet;
+    for (int row = 1; row <= 14; ++row) {
+        if (row != 6) {
+            sheet.SetCell(row, 1, double(row));
+        }
+    }
+    const auto pages = [&] {
+        QString text;
+        for (const SheetPage& page : sheetPages(sheet, SheetLayout(sheet), 5 * SheetLayout::DefaultHeight)) {
+            text += u" %1-%2/%3"_s.arg(page.first).arg(page.last).arg(page.headRow);
+        }
+        return text;
+    };
+    sheet.RepeatRow(2);
+    EXPECT_EQ(pages(), u" 1-5/0 7-10/2 11-14/2"_s);
+    sheet.RepeatRow(0);
+    sheet.KeepTogether({2, 4, 3});
+    sheet.KeepTogether({5, 5, 5});
+    sheet.KeepTogether({7, 14, 8});
+    EXPECT_EQ(pages(), u" 1-5/0 7-11/0 12-14/8"_s);
+}
+
+TEST_F(ExportTest, WindowSavesOpensAndPrints) {
+    grid.setFormatString(u"编号|姓名"_s);
+    for (int row = 0; row < 100; ++row) {
+        grid.AddItem(u"1\t张三"_s);
+    }
+    const QTemporaryDir folder;
+    const QString pdf = folder.filePath(u"p.pdf"_s);
+    setPrinterChoice([&](QPrinter& printer, int, QWidget*) {
+        printer.setOutputFileName(pdf);
+        return true;
+    });
+    whenModal<frmPreview>([](frmPreview& preview) {
+        EXPECT_EQ(preview.ui->lblPage->text(), u"第 1 页，共 3 页"_s);
+        press(Qt::Key_End);
+        EXPECT_EQ(preview.ui->lblPage->text(), u"第 3 页，共 3 页"_s);
+        click(preview.ui->cmdPrint);
+        press(Qt::Key_Escape);
+    });
+    ExportList(grid, true, u"甲/乙"_s, bar);
+    setPrinterChoice({});
+    QFile printed(pdf);
+    ASSERT_TRUE(printed.open(QIODevice::ReadOnly));
+    EXPECT_EQ(printed.readAll().count("/Type /Page\n"), 3);
+
+    PromptScript script;
+    script.expectSaveFile(folder.filePath(u"没有/a.xlsx"_s)).expect();
+    click(window().ui->cmdSave);
+    EXPECT_EQ(script.last().style, vbExclamation);
+    UrlOpener opener;
+    QDesktopServices::setUrlHandler(u"file"_s, &opener, "open");
+    click(window().ui->cmdOpen);
+    QDesktopServices::unsetUrlHandler(u"file"_s);
+    EXPECT_EQ(QFileInfo(opener.path).fileName(), u"甲_乙.xlsx"_s);
+    EXPECT_TRUE(QFileInfo(opener.path).size() > 0 && !(QFile::permissions(opener.path) & QFileDevice::WriteOwner));
+    click(window().ui->cmdClose);
+    EXPECT_TRUE(Form::loaded().empty());
+}
+
+}  // namespace
+
+}  // namespace talvora::test
+
+#include "test_export.moc"
