@@ -13,6 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int TallyMargin = 12;
+constexpr int TallyWidth = 80;  // with the box that stands in front of the text
+
 struct Tally {
     int checked = 0;
     int all = 0;
@@ -40,11 +43,10 @@ class CheckDelegate : public QStyledItemDelegate {
         if (tally.all == 0) {
             return;
         }
-        constexpr int margin = 12;
         painter->save();
         painter->setFont(option.font);
         painter->setPen(tally.checked > 0 ? theme::Accent : theme::TextQuiet);
-        painter->drawText(option.rect.adjusted(0, 0, -margin, 0), Qt::AlignRight | Qt::AlignVCenter,
+        painter->drawText(option.rect.adjusted(0, 0, -TallyMargin, 0), Qt::AlignRight | Qt::AlignVCenter,
                           u"%1 / %2"_s.arg(tally.checked).arg(tally.all));
         painter->restore();
     }
@@ -58,9 +60,19 @@ class CheckDelegate : public QStyledItemDelegate {
         if (node.Checked() != before) {
             node.setCheckedDown(!before);
             tree_->viewport()->update();  // the tallies of the nodes above
-            Q_EMIT tree_->NodeCheck(&node);
         }
         return handled;
+    }
+
+ protected:
+    // A long text makes room for the tally.
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->state &= ~QStyle::State_HasFocus;  // the ground of the whole row shows where the focus is
+        if (index.model()->hasChildren(index) && option->rect.width() > TallyWidth) {
+            option->text =
+                option->fontMetrics.elidedText(option->text, Qt::ElideRight, option->rect.width() - TallyWidth);
+        }
     }
 
  private:
@@ -115,6 +127,14 @@ CheckNode* CheckTree::AddNode(CheckNode* parent, const QString& key, const QStri
 CheckNode* CheckTree::Node(const QString& key) const {
     const auto found = std::find_if(nodes_.begin(), nodes_.end(), [&](CheckNode* node) { return node->Key == key; });
     return found == nodes_.end() ? nullptr : *found;
+}
+
+void CheckTree::focusInEvent(QFocusEvent* event) {
+    QTreeWidget::focusInEvent(event);
+    // What the toolkit makes the current row on first entering it does not select.
+    if (currentItem()) {
+        currentItem()->setSelected(true);
+    }
 }
 
 void CheckTree::Clear() {

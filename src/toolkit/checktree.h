@@ -15,9 +15,9 @@ class CheckNode : public QTreeWidgetItem {
     const QString Tag;
 
     bool Checked() const;
-    /// Checks this node alone; no NodeCheck.
+    /// Checks this node alone.
     void setChecked(bool checked);
-    /// Checks this node and everything under it; no NodeCheck.
+    /// Checks this node and everything under it.
     void setCheckedDown(bool checked);
 };
 
@@ -25,8 +25,6 @@ class CheckNode : public QTreeWidgetItem {
 /// everything under the node and never up to its parent, so a parent's box tells nothing of its children: how many of
 /// them are ticked stands at the end of its row instead. Space ticks, the arrows walk and unfold, typing finds.
 class CheckTree : public QTreeWidget {
-    Q_OBJECT
-
  public:
     explicit CheckTree(QWidget* parent = nullptr);
 
@@ -42,9 +40,8 @@ class CheckTree : public QTreeWidget {
     /// Takes all nodes away.
     void Clear();
 
- Q_SIGNALS:
-    /// A user has ticked or unticked the node, and the nodes under it have followed.
-    void NodeCheck(talvora::CheckNode* node);
+ protected:
+    void focusInEvent(QFocusEvent* event) override;
 
  private:
     QList<CheckNode*> nodes_;
