@@ -1,6 +1,7 @@
 #include "workbench/module_tree.h"
 
 #include "platform/runtime_error.h"
+#include "toolkit/theme.h"
 
 #include <QKeyEvent>
 
@@ -30,6 +31,7 @@ void ModuleTree::Clear() {
 
 void ModuleTree::AddNode(const QString& parent, const QString& key, const QString& text, const QString& tag) {
     auto* node = new QTreeWidgetItem({text});
+    node->setSizeHint(0, QSize(0, theme::RowHeight));
     node->setData(0, KeyRole, key);
     node->setData(0, TagRole, tag);
     if (parent.isEmpty()) {
