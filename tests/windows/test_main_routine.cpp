@@ -1,4 +1,3 @@
-#include "assessment/frmtesting.h"
 #include "core/connection_file.h"
 #include "core/mdlpublic.h"
 #include "platform/database/connection_string.h"
@@ -6,11 +5,13 @@
 #include "setup/install.h"
 #include "support/windows.h"
 #include "workbench/frmlogin.h"
+#include "workbench/frmmain.h"
 #include "workbench/main_routine.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTimer>
 
 namespace talvora::test {
 namespace {
@@ -51,7 +52,7 @@ TEST_F(MainRoutine, FromTheConnectionToTheEnd) {
 
     whenModal<frmLogin>([](frmLogin& login) { click(login.ui->cmdCancel); });
     Main();
-    EXPECT_FALSE(frmTesting::Default().isLoaded());
+    EXPECT_FALSE(fMainForm);
 
     whenModal<frmLogin>([](frmLogin& login) {
         type(login.ui->txtPassword, u"admin"_s);
@@ -61,17 +62,17 @@ TEST_F(MainRoutine, FromTheConnectionToTheEnd) {
     });
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, &watch, [] {
-        frmTesting& w = frmTesting::Default();
-        if (w.isLoaded() && w.window()->isVisible()) {
-            EXPECT_TRUE(w.ui->txtID->isEnabled());
+        if (fMainForm && fMainForm->isLoaded() && fMainForm->window()->isVisible()) {
+            EXPECT_EQ(fMainForm->ui->pnlUser->text(), u"当前用户：admin"_s);
             EXPECT_FALSE(frmLogin::Default().isLoaded());
-            click(w.ui->cmdClose);
+            fMainForm->window()->close();
         }
     });
     watch.start(1);
     Main();
     EXPECT_EQ(strCurrentUser, u"admin"_s);
-    EXPECT_FALSE(frmTesting::Default().isLoaded());
+    EXPECT_FALSE(fMainForm->isLoaded());
+    fMainForm.reset();
 }
 
 }  // namespace
