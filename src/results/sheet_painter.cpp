@@ -72,8 +72,12 @@ void SheetPainter::paintText(QPainter& painter, int row, int column, const QRect
     painter.setClipRect(place, Qt::IntersectClip);
     painter.setFont(fontOf(format));
     painter.setPen(Ink);
-    painter.drawText(place.adjusted(SheetLayout::CellPadding, 0, -SheetLayout::CellPadding, -1),
-                     workbook_.text(row, column), option);
+    QRectF room = place.adjusted(SheetLayout::CellPadding, 0, -SheetLayout::CellPadding, -1);
+    if (!wraps && !right) {
+        // Text is cut at the edge of the place, not before it.
+        room.setRight(place.left() + layout_.width());
+    }
+    painter.drawText(room, workbook_.text(row, column), option);
     painter.restore();
 }
 
@@ -81,14 +85,16 @@ void SheetPainter::paintLines(QPainter& painter, const CellRange& cell, const QR
     const auto boxed = [&](int row, int column) { return workbook_.format(row, column).boxed; };
     const bool own = boxed(cell.row, cell.column);
     const bool shaded = workbook_.format(cell.row, cell.column).shaded;
+    const bool faint = lines_ == Lines::Faint;
     const auto line = [&](bool box, const QRectF& edge) {
-        if (box || (lines_ == Lines::Faint && !shaded)) {
+        if (box || (faint && !shaded)) {
             painter.fillRect(edge, box ? Ink : Faint);
         }
     };
-    line(own || boxed(cell.row, cell.column2 + 1), {place.right() - 1, place.top(), 1, place.height()});
-    line(own || boxed(cell.row2 + 1, cell.column), {place.left(), place.bottom() - 1, place.width(), 1});
-    if (own && lines_ == Lines::BoxesOnly) {
+    // On the screen the line between two cells is the first one's.
+    line(own || (faint && boxed(cell.row, cell.column2 + 1)), {place.right() - 1, place.top(), 1, place.height()});
+    line(own || (faint && boxed(cell.row2 + 1, cell.column)), {place.left(), place.bottom() - 1, place.width(), 1});
+    if (own && !faint) {
         // The far edges of what comes before may lie on another page.
         painter.fillRect(QRectF(place.left() - 1, place.top() - 1, 1, place.height() + 1), Ink);
         painter.fillRect(QRectF(place.left() - 1, place.top() - 1, place.width() + 1, 1), Ink);
