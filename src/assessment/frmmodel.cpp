@@ -41,7 +41,6 @@ void frmModel::setUpGrid() {
     ui->fg1->setStretchCol(nameCol);
     ui->fg1->setOutlineCol(nameCol);
     ui->fg1->setOutlineBar(GridOutlineBar::CompleteLeaf);
-    ui->fg1->setSubtotalPosition(GridSubtotalPosition::Above);
 }
 
 void frmModel::Form_Load() {

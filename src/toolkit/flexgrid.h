@@ -81,14 +81,13 @@ class FlexGrid : public QTableView {
     QIcon CellPicture(int row, int col) const { return model_->format(row, col).picture; }
     void setCellPicture(int row, int col, const QIcon& picture);
 
-    /// A node of the outline. It folds the rows up to the next node of its own level or a lower one.
+    /// A node of the outline. It folds the rows below it up to the next node of its own level or a lower one.
     bool IsSubtotal(int row) const { return model_->row(row).node; }
     void setIsSubtotal(int row, bool node);
     int RowOutlineLevel(int row) const { return model_->row(row).level; }
     void setRowOutlineLevel(int row, int level);
     void setOutlineBar(GridOutlineBar bar);
     void setOutlineCol(int col);
-    void setSubtotalPosition(GridSubtotalPosition position);
     /// Opens the nodes of levels below `level` and folds the others. Rows that come later start open.
     void Outline(int level);
     bool IsCollapsed(int row) const { return model_->row(row).collapsed; }

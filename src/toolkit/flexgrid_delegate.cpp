@@ -120,14 +120,12 @@ void GridDelegate::paintTree(QPainter* painter, const QRect& cell, const QModelI
     const int left = cell.left() + grid::PaddingX / 2;
     const auto middleOf = [&](int depth) { return left + depth * TreeStep + TreeStep / 2.0; };
     const qreal middle = cell.top() + cell.height() / 2.0;
-    const bool above = model_.subtotalPosition() == GridSubtotalPosition::Above;
     // Branches hang on their parent's box; the outermost rows have none and need no line.
     for (int depth = 1; depth <= branch.depth; ++depth) {
         const qreal x = middleOf(depth - 1);
         const bool goesOn = branch.lines & (quint32{1} << depth);
         if (depth == branch.depth) {
-            grid::lineDown(*painter, x, above || goesOn ? cell.top() : middle,
-                           above && !goesOn ? middle : cell.top() + cell.height(), grid::QuietLine);
+            grid::lineDown(*painter, x, cell.top(), goesOn ? cell.top() + cell.height() : middle, grid::QuietLine);
             grid::lineAcross(*painter, x, x + TreeStep / (branch.foldable ? 2.0 : 1.0), middle, grid::QuietLine);
         } else if (goesOn) {
             grid::lineDown(*painter, x, cell.top(), cell.top() + cell.height(), grid::QuietLine);
@@ -137,8 +135,7 @@ void GridDelegate::paintTree(QPainter* painter, const QRect& cell, const QModelI
         const bool collapsed = model_.row(number).collapsed;
         const qreal x = middleOf(branch.depth);
         if (!collapsed) {
-            grid::lineDown(*painter, x, above ? middle : cell.top(), above ? cell.top() + cell.height() : middle,
-                           grid::QuietLine);
+            grid::lineDown(*painter, x, middle, cell.top() + cell.height(), grid::QuietLine);
         }
         grid::expander(*painter, QPointF(x, middle), collapsed);
     }

@@ -92,7 +92,7 @@ Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
 }
 
 bool GridModel::announce() {
-    GridOutline outline = GridOutline::of(rows_, fixedRows_, position_);
+    GridOutline outline = GridOutline::of(rows_, fixedRows_);
     outline_ = std::move(outline.branches);
     const auto& next = outline.visible;
     const auto [oldFrom, newFrom] = std::mismatch(visible_.begin(), visible_.end(), next.begin(), next.end());

@@ -63,8 +63,6 @@ class GridModel : public QAbstractTableModel {
     void foldTo(int level);
     /// Opens the nodes above a row, so that it is seen after the next announce().
     void reveal(int row);
-    GridSubtotalPosition subtotalPosition() const { return position_; }
-    void setSubtotalPosition(GridSubtotalPosition position);
     bool hasNodes() const { return !outline_.empty(); }
     /// The place in the tree as of the last announce().
     GridBranch branch(int row) const;
@@ -85,7 +83,6 @@ class GridModel : public QAbstractTableModel {
     std::vector<GridBranch> outline_;
     GridFormats formats_;
     int fixedRows_ = 1;
-    GridSubtotalPosition position_ = GridSubtotalPosition::Above;
 };
 
 }  // namespace talvora

@@ -112,13 +112,9 @@ void GridModel::foldTo(int level) {
 }
 
 void GridModel::reveal(int row) {
-    for (const int node : ancestorsOf(rows_, fixedRows_, row, position_)) {
+    for (const int node : ancestorsOf(rows_, fixedRows_, row)) {
         rows_[static_cast<std::size_t>(node)].collapsed = false;
     }
-}
-
-void GridModel::setSubtotalPosition(GridSubtotalPosition position) {
-    position_ = position;
 }
 
 GridBranch GridModel::branch(int row) const {
@@ -127,7 +123,7 @@ GridBranch GridModel::branch(int row) const {
 }
 
 int GridModel::visibleParent(int row) const {
-    for (const int node : ancestorsOf(rows_, fixedRows_, row, position_)) {
+    for (const int node : ancestorsOf(rows_, fixedRows_, row)) {
         if (modelRow(node) >= 0) {
             return node;
         }

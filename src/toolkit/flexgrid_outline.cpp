@@ -28,16 +28,13 @@ void joinBranches(std::vector<GridBranch>& branches, const std::vector<int>& ord
 
 }  // namespace
 
-GridOutline GridOutline::of(const std::vector<GridRow>& rows, int first, GridSubtotalPosition position) {
+GridOutline GridOutline::of(const std::vector<GridRow>& rows, int first) {
     GridOutline outline;
     std::vector<int> order(rows.size() - static_cast<std::size_t>(first));
     std::iota(order.begin(), order.end(), first);
     if (std::none_of(rows.begin() + first, rows.end(), [](const GridRow& row) { return row.node; })) {
         outline.visible = std::move(order);
         return outline;
-    }
-    if (position == GridSubtotalPosition::Below) {
-        std::reverse(order.begin(), order.end());
     }
     outline.branches.resize(rows.size());
     std::vector<OpenNode> above;
@@ -66,12 +63,11 @@ GridOutline GridOutline::of(const std::vector<GridRow>& rows, int first, GridSub
     return outline;
 }
 
-std::vector<int> ancestorsOf(const std::vector<GridRow>& rows, int first, int row, GridSubtotalPosition position) {
+std::vector<int> ancestorsOf(const std::vector<GridRow>& rows, int first, int row) {
     std::vector<int> found;
-    const int step = position == GridSubtotalPosition::Above ? -1 : 1;
     const GridRow& self = rows[static_cast<std::size_t>(row)];
     int limit = self.node ? self.level : std::numeric_limits<int>::max();
-    for (int at = row + step; at >= first && at < static_cast<int>(rows.size()); at += step) {
+    for (int at = row - 1; at >= first; --at) {
         const GridRow& candidate = rows[static_cast<std::size_t>(at)];
         if (candidate.node && candidate.level < limit) {
             found.push_back(at);

@@ -19,10 +19,10 @@ struct GridOutline {
     std::vector<GridBranch> branches;  ///< By row number; empty when no row is a node.
 
     /// Reads the rows from number `first` on.
-    static GridOutline of(const std::vector<GridRow>& rows, int first, GridSubtotalPosition position);
+    static GridOutline of(const std::vector<GridRow>& rows, int first);
 };
 
 /// The nodes that have to be open for `row` to be seen.
-std::vector<int> ancestorsOf(const std::vector<GridRow>& rows, int first, int row, GridSubtotalPosition position);
+std::vector<int> ancestorsOf(const std::vector<GridRow>& rows, int first, int row);
 
 }  // namespace talvora

@@ -27,11 +27,6 @@ void FlexGrid::setOutlineCol(int col) {
     later();
 }
 
-void FlexGrid::setSubtotalPosition(GridSubtotalPosition position) {
-    model_->setSubtotalPosition(position);
-    later();
-}
-
 void FlexGrid::Outline(int level) {
     model_->foldTo(level);
     later();

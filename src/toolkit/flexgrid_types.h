@@ -23,9 +23,6 @@ enum class GridDataType : qint8 { Text = 0, Boolean = 11 };
 /// Whether an outline is drawn: not at all, or as a tree with lines and leaves.
 enum class GridOutlineBar : qint8 { None = 0, CompleteLeaf = 4 };
 
-/// Whether an outline node stands below or above the rows that it folds.
-enum class GridSubtotalPosition : qint8 { Below = 0, Above = 1 };
-
 /// How equal neighbours become one cell: not at all, wherever they are equal, or down a column only where the columns
 /// before it that merge do so on the same rows. Only columns marked by setMergeCol and header rows marked by
 /// setMergeRow take part, and empty cells never merge.

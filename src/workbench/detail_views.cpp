@@ -82,7 +82,6 @@ void addAnswers(FlexGrid& detail, qint32 testingId) {
 
 void fillAnswers(const FlexGrid& list, FlexGrid& detail) {
     detail.setOutlineBar(GridOutlineBar::CompleteLeaf);
-    detail.setSubtotalPosition(GridSubtotalPosition::Above);
     detail.setCols(8);
     detail.setFormatString(
         u" 测试题目                                        |  选项A           |  选项B           |  选项C            |  选项D           |  选项E           |选择答案|  得分"_s);

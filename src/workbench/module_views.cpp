@@ -22,7 +22,6 @@ constexpr int allLevels = 10;
 void setTree(FlexGrid& fg) {
     fg.setOutlineBar(GridOutlineBar::CompleteLeaf);
     fg.setOutlineCol(1);
-    fg.setSubtotalPosition(GridSubtotalPosition::Above);
 }
 
 void makeNode(FlexGrid& fg, int row, int level) {

@@ -18,7 +18,6 @@ struct TreeGrid : WatchedGrid {
     explicit TreeGrid(const QString& keys) : WatchedGrid(keys.split(u' ')) {
         grid.setOutlineBar(GridOutlineBar::CompleteLeaf);
         grid.setOutlineCol(1);
-        grid.setSubtotalPosition(GridSubtotalPosition::Above);
         for (int row = 1; row < grid.Rows(); ++row) {
             const QChar last = grid.TextMatrix(row, 0).back();
             grid.setTextMatrix(row, 1, u"row"_s);
@@ -60,7 +59,6 @@ TEST(FlexGridOutline, AFoldedNodeHidesWhatIsDeeper) {
         QString keys;
         int folded;
         QString seen;
-        GridSubtotalPosition position = GridSubtotalPosition::Above;
     };
     const Case cases[] = {
         {papers, 1, u"m1 n1 u2 pd"_s},
@@ -71,12 +69,9 @@ TEST(FlexGridOutline, AFoldedNodeHidesWhatIsDeeper) {
         {u"a3 b c1 d"_s, 1, u"a3 c1 d"_s},
         // Every row a node, as positions are.
         {u"a1 b2 c3 d2 e1"_s, 2, u"a1 b2 d2 e1"_s},
-        {u"pa pb s2 pc t2 m1"_s, 3, u"s2 pc t2 m1"_s, GridSubtotalPosition::Below},
-        {u"pa pb s2 pc t2 m1"_s, 6, u"m1"_s, GridSubtotalPosition::Below},
     };
     for (const Case& one : cases) {
         TreeGrid tree(one.keys);
-        tree.grid.setSubtotalPosition(one.position);
         tree.grid.setIsCollapsed(one.folded, true);
         EXPECT_EQ(tree.seen(), one.seen) << one.keys.toStdString();
         tree.grid.setIsCollapsed(one.folded, false);
@@ -92,7 +87,7 @@ TEST(FlexGridOutline, DrawsBranchesByNesting) {
         row.node = level > 0;
         row.level = static_cast<qint16>(level);
     }
-    const GridOutline outline = GridOutline::of(rows, 1, GridSubtotalPosition::Above);
+    const GridOutline outline = GridOutline::of(rows, 1);
     QStringList branches;
     for (std::size_t row = 1; row < rows.size(); ++row) {
         const GridBranch& branch = outline.branches[row];
