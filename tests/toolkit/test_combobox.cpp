@@ -52,21 +52,6 @@ TEST_F(ComboBoxTest, ClickIsTheSameFromCodeAndFromTheUser) {
     EXPECT_EQ(clicks, QStringList({u"|-乙"_s, u"|-丙"_s, u"|-丙"_s}));
 }
 
-// What a handler does to the lists is done when the statement behind the selection runs.
-TEST_F(ComboBoxTest, ClickRunsWithinTheSelectingStatement) {
-    ComboBox dependent;
-    QObject::connect(&combo, &ComboBox::Click, &dependent, [&] {
-        dependent.Clear();
-        dependent.AddItem(combo.text() + u"1"_s);
-        dependent.setListIndex(0);
-    });
-    fill();
-    combo.setListIndex(0);
-    EXPECT_EQ(dependent.text(), u"甲1"_s);
-    combo.setListIndex(2);
-    EXPECT_EQ(dependent.text(), u"|-丙1"_s);
-}
-
 TEST_F(ComboBoxTest, WrongPositionsAndForeignTextAreErrors) {
     fill();
     EXPECT_EQ(errorOf([&] { combo.setListIndex(3); }), 380);

@@ -44,26 +44,6 @@ TEST_F(FormTest, FieldsOutliveTheControlsWhichAHiddenFormKeeps) {
     EXPECT_FALSE(form.window()->isVisible());
 }
 
-// The login window hides itself and runs the whole assessment before its own caller goes on.
-TEST_F(FormTest, HandlerThatHidesItsFormRunsToItsEndFirst) {
-    QStringList order;
-    form.atOK = [&] {
-        form.Hide();
-        order << u"hidden"_s;
-        frmInner::Default().ShowModal();
-        order << u"inner returned"_s;
-    };
-    whenModal<frmSample>([](frmSample& w) { click(w.ui->cmdOK); });
-    whenModal<frmInner>([&](frmInner& w) {
-        EXPECT_FALSE(form.window()->isVisible());
-        order << u"inner up"_s;
-        w.window()->close();
-    });
-    form.ShowModal();
-    order << u"outer returned"_s;
-    EXPECT_THAT(order, ElementsAre(u"hidden"_s, u"inner up"_s, u"inner returned"_s, u"outer returned"_s));
-}
-
 TEST_F(FormTest, ModalWindowsNest) {
     form.atOK = [&] { frmInner::Default().ShowModal(); };
     whenModal<frmSample>([&](frmSample& w) {

@@ -8,7 +8,6 @@
 #include <QPushButton>
 #include <QTimer>
 #include <gmock/gmock.h>
-#include <gtest/gtest-spi.h>
 
 using namespace Qt::StringLiterals;
 using namespace talvora;
@@ -30,38 +29,6 @@ TEST_F(PromptTest, ScriptAnswersInOrderAndKeepsWhatWasShown) {
     EXPECT_EQ(script.shown()[0].title, u"Talvora 1.3 Build 201000905"_s);
     EXPECT_EQ(script.shown()[1].text, u"请输入简要的查询说明："_s);
     EXPECT_EQ(script.shown()[2].title, u"帮助"_s);
-}
-
-// What makes a test of a window red: a prompt with no answer, an answer too many, other words, a window missing.
-TEST_F(PromptTest, WhatTheScriptDoesNotForeseeFailsTheTest) {
-    struct Never : Form {
-        QWidget* build() override { return nullptr; }
-    };
-    EXPECT_NONFATAL_FAILURE(EXPECT_THROW(MsgBox(u"谁？"_s), ProgramEnded), "No answer was given for the message box");
-    EXPECT_NONFATAL_FAILURE(
-        {
-            PromptScript script;
-            script.expectInput(u"x"_s);
-            EXPECT_THROW(openFileName(u"打开"_s, {}, {}), ProgramEnded);
-            EXPECT_EQ(InputBox({}), u"x"_s);
-        },
-        "open file picker");
-    EXPECT_NONFATAL_FAILURE(PromptScript().expect(), "answers that nothing asked for");
-    EXPECT_NONFATAL_FAILURE(
-        {
-            PromptScript script;
-            script.expect(vbOK, u"一"_s);
-            MsgBox(u"二"_s);
-        },
-        "text.toStdString()");
-    EXPECT_NONFATAL_FAILURE(
-        {
-            class Inner : public WindowTest {
-                void TestBody() override {}
-            } inner;
-            whenModal<Never>([](Never&) {});
-        },
-        "never came up");
 }
 
 /// The boxes that the program itself shows.
