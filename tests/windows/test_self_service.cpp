@@ -1,5 +1,6 @@
 #include "assessment/frmmodel.h"
 #include "assessment/frmtesting.h"
+#include "assessment/testing_report.h"
 #include "platform/moment.h"
 #include "windows/journey_bank.h"
 #include "workbench/frmlogin.h"
@@ -77,6 +78,10 @@ TEST_F(SelfService, SinglePaperFromEntryToVerdict) {
         whenModal<frmTesting>(sit);
         click(login.ui->cmdOK);
     });
+    cTestings family;
+    family.Find(1, {});
+    EXPECT_EQ(testingReport(u"张三"_s, u"10:00"_s, u"责任心"_s, family),
+              u"姓    名：张三\r\n测评时间：10:00\r\n测评类型：责任心\r\n测评得分：7\r\n测评结果：一般"_s);
     EXPECT_EQ(
         rowsOf(u"select TestingNumber, IdNumber, Name, Sex, Age, Education, PostName, Salary, TypeName, TypeCode, "
                u"ExamQuestions, FactQuestions, Score, TestingResult, SolutionID from TestingResult"_s),
