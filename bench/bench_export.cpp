@@ -60,7 +60,7 @@ class List {
     void exportTo(const QString& file) {
         ExportList(grid, false, u"测评记录明细"_s, bar);
         auto& window = dynamic_cast<frmWorkbook&>(*Form::loaded().back());
-        saveWorkbook(window.Sheet->workbook(), file);
+        saveWorkbook(window.Sheet->workbook(), window.Sheet->layout(), file);
         window.Unload();
         QCoreApplication::processEvents();
     }

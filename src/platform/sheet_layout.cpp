@@ -1,7 +1,7 @@
 #include "platform/sheet_layout.h"
 
 #include <algorithm>
-#include <cmath>
+#include <cstring>
 #include <numeric>
 
 namespace talvora {
@@ -153,6 +153,11 @@ int SheetLayout::heightOf(const CellRange& cells) const {
 bool SheetLayout::wraps(const Workbook& workbook, int row, int column) const {
     const char* text = workbook.utf8(row, column);
     if (!text || !workbook.format(row, column).boxed) {
+        return false;
+    }
+    // Most texts are seen to fit without being measured: a wide character takes three bytes.
+    const auto bytes = static_cast<int>(qstrlen(text));
+    if (bytes * NarrowWidth * 2 < columnWidth(column) && !std::memchr(text, '\n', static_cast<std::size_t>(bytes))) {
         return false;
     }
     return textWidth(workbook, row, column) > widthOf(workbook.mergeAt(row, column)) ||

@@ -107,9 +107,9 @@ class Formats {
 /// cell goes over several.
 class Writer {
  public:
-    Writer(const Workbook& workbook, const QByteArray& path, QByteArray folder)
+    Writer(const Workbook& workbook, const SheetLayout& layout, const QByteArray& path, QByteArray folder)
         : workbook_(workbook),
-          layout_(workbook),
+          layout_(layout),
           folder_(std::move(folder)),
           options_(options()),
           file_(workbook_new_opt(path.constData(), &options_)),
@@ -170,9 +170,9 @@ class Writer {
         if (workbook_.repeatedRow() > 0) {
             worksheet_repeat_rows(sheet_, rowAt(workbook_.repeatedRow()), rowAt(workbook_.repeatedRow()));
         }
-        if (workbook_.blocks().empty()) {
-            worksheet_fit_to_pages(sheet_, 1, 0);
-        } else {
+        // Told as a fit and not as a scale, since the fonts of the other program decide how wide its columns are.
+        worksheet_fit_to_pages(sheet_, 1, 0);
+        if (!workbook_.blocks().empty()) {
             setUpBreaks(paper);
         }
         // A text of digits is meant as one; no cell is to be marked for it.
@@ -182,15 +182,8 @@ class Writer {
                                 columnAt(selection.column2));
     }
 
-    // Fitting to a width would take the breaks away, so the scale is told.
     void setUpBreaks(const SheetPaper& paper) {
         constexpr std::size_t mostBreaks = 1023;
-        constexpr double roundingRoom = 0.97;
-        constexpr double percent = 100;
-        constexpr double leastPercent = 10;
-        worksheet_set_print_scale(
-            sheet_, static_cast<uint16_t>(
-                        std::max(leastPercent, paper.scale * percent * (paper.scale < 1 ? roundingRoom : 1))));
         std::vector<lxw_row_t> breaks;
         for (const SheetPage& page : sheetPages(workbook_, layout_, paper.pageHeight)) {
             if (page.first > 1 && breaks.size() < mostBreaks) {
@@ -216,7 +209,7 @@ class Writer {
     }
 
     const Workbook& workbook_;
-    SheetLayout layout_;
+    const SheetLayout& layout_;
     QByteArray folder_;
     std::vector<CellRange> merges_;
     lxw_workbook_options options_;
@@ -235,14 +228,15 @@ bool hasRoom(const Workbook& workbook, const QString& folder) {
 
 }  // namespace
 
-void saveWorkbook(const Workbook& workbook, const QString& path) {
+void saveWorkbook(const Workbook& workbook, const SheetLayout& layout, const QString& path) {
     // The library knows file names only in the system's own 8-bit code; the name that the user chose may need more.
     QTemporaryDir folder;
     if (!folder.isValid() || !hasRoom(workbook, folder.path())) {
         fail(path, u"临时文件夹不可写或空间不足"_s);
     }
     const QString draft = folder.filePath(u"sheet.xlsx"_s);
-    const lxw_error error = Writer(workbook, QFile::encodeName(draft), QFile::encodeName(folder.path())).write();
+    const lxw_error error =
+        Writer(workbook, layout, QFile::encodeName(draft), QFile::encodeName(folder.path())).write();
     if (error != LXW_NO_ERROR) {
         fail(path, QString::fromUtf8(lxw_strerror(error)));
     }

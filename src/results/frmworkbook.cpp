@@ -41,12 +41,12 @@ QString fileNameOf(const QString& title) {
 }
 
 /// Writes the workbook; a failure is told. True when it has been written.
-bool save(const Workbook& workbook, const QString& path) {
+bool save(const SheetPrinter& sheet, const QString& path) {
     QString fault;
     {
         const BusyPointer busy;
         try {
-            saveWorkbook(workbook, path);
+            saveWorkbook(sheet.workbook(), sheet.layout(), path);
         } catch (const RuntimeError& error) {
             fault = error.description();
         }
@@ -112,14 +112,14 @@ void frmWorkbook::cmdSave_Click() {
     const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     const QString path =
         saveFileName(u"保存工作簿"_s, documents.filePath(fileNameOf(Title)), u"Excel 工作簿 (*.xlsx)"_s);
-    if (!path.isEmpty() && save(Sheet->workbook(), path)) {
+    if (!path.isEmpty() && save(*Sheet, path)) {
         window()->setWindowTitle(u"%1 - %2"_s.arg(Title, QDir::toNativeSeparators(path)));
     }
 }
 
 void frmWorkbook::cmdOpen_Click() {
     const QString path = temporaryPath(fileNameOf(Title));
-    if (!save(Sheet->workbook(), path)) {
+    if (!save(*Sheet, path)) {
         return;
     }
     // Read-only, so that the other program asks for a place when its user wants to keep changes: this one goes.
