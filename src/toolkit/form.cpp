@@ -142,9 +142,11 @@ void Form::warn(const QString& text, QWidget* field) {
 void Form::showWindow(Qt::WindowModality modality) {
     QWidget* owner = ownerFor(window_);
     window_->setWindowModality(modality);
+    // Before the native window is made: a place that it gets later is taken for that of its inside, and the title bar
+    // of a window as high as the screen then lies above it.
+    placeWindow(*window_, owner);
     window_->winId();
     window_->windowHandle()->setTransientParent(owner && !standsAlone() ? owner->windowHandle() : nullptr);
-    placeWindow(*window_, owner);
     focusFirst(*window_);
     window_->show();
     window_->raise();
