@@ -80,9 +80,7 @@ class ScreenPrompter : public Prompter {
         setIcon(box, style);
         const auto buttons = buttonsOf(style);
         for (const Button& button : buttons) {
-            auto* shown = box.addButton(button.button);
-            shown->setText(button.caption);
-            shown->setIcon({});
+            box.addButton(button.button)->setText(button.caption);
         }
         const auto preset = static_cast<std::size_t>((style & DefaultMask) / vbDefaultButton2);
         box.setDefaultButton(buttons[preset < buttons.size() ? preset : 0].button);

@@ -25,6 +25,11 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     }
 }
 
+int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                     QStyleHintReturn* returnData) const {
+    return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, returnData);
+}
+
 void Style::drawMark(const QString& kind, const QStyleOption& option, QPainter& painter) const {
     const bool isOn = option.state.testFlag(State_On);
     const QString name = kind + (option.state.testFlag(State_Enabled) ? (isOn ? "-on"_L1 : "-off"_L1)

@@ -6,8 +6,9 @@
 
 namespace talvora {
 
-/// The style under the style sheet: Fusion with the program's own marks of option buttons and check boxes. A sheet that
-/// named these pictures would make Qt load every plugin for images at the start of the program.
+/// The style under the style sheet: Fusion with the program's own marks of option buttons and check boxes, and with
+/// dialogs whose buttons bear words alone. A sheet that named these pictures would make Qt load every plugin for images
+/// at the start of the program.
 class Style : public QProxyStyle {
     Q_OBJECT
 
@@ -16,6 +17,8 @@ class Style : public QProxyStyle {
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returnData) const override;
 
  private:
     void drawMark(const QString& kind, const QStyleOption& option, QPainter& painter) const;

@@ -89,6 +89,7 @@ TEST_F(BoxTest, StylesGiveButtonsAndDefault) {
 TEST_F(BoxTest, InputBoxGivesNothingWhenCancelled) {
     whenUp<QInputDialog>([](QInputDialog& dialog) {
         EXPECT_EQ(dialog.textValue(), u"旧"_s);
+        EXPECT_TRUE(dialog.findChild<QPushButton*>()->icon().isNull()) << "unlike the buttons of the message boxes";
         retype(dialog.findChild<QLineEdit*>(), u"十二个字的说明太长了啊"_s);
         dialog.accept();
     });
