@@ -26,6 +26,20 @@ void label(Labelled& item, const QString& caption) {
     item.setText(QString(caption).replace(u'&', u"&&"_s));
 }
 
+// A menu without entries would open unseen and swallow the next click, so it says that it has none.
+void giveMenu(QToolButton& button, QToolButton::ToolButtonPopupMode mode) {
+    auto* menu = new QMenu(&button);
+    QObject::connect(menu, &QMenu::aboutToShow, menu, [menu] {
+        if (menu->isEmpty()) {
+            QAction* words = menu->addAction(u"（无）"_s);
+            words->setEnabled(false);
+            QObject::connect(menu, &QMenu::aboutToHide, words, &QObject::deleteLater);
+        }
+    });
+    button.setMenu(menu);
+    button.setPopupMode(mode);
+}
+
 [[noreturn]] void missing(const QString& key) {
     throw RuntimeError(ElementNotFound, u"找不到元素: %1"_s.arg(key));
 }
@@ -52,8 +66,7 @@ void ToolBar::addButton(const QString& key, const QString& caption, Kind kind, c
     label(*button, caption);
     button->setIcon(icon(pictureName));
     if (kind != Kind::Command) {
-        button->setMenu(new QMenu(button));
-        button->setPopupMode(kind == Kind::Split ? QToolButton::MenuButtonPopup : QToolButton::InstantPopup);
+        giveMenu(*button, kind == Kind::Split ? QToolButton::MenuButtonPopup : QToolButton::InstantPopup);
     }
     button->installEventFilter(this);
     connect(button, &QToolButton::clicked, this, [this, button, key] {
@@ -68,8 +81,7 @@ void ToolBar::addButton(const QString& key, const QString& caption, Kind kind, c
 void ToolBar::addMenuEntry(const QString& buttonKey, const QString& entryKey, const QString& caption) {
     QToolButton* owner = button(buttonKey);
     if (!owner->menu()) {
-        owner->setMenu(new QMenu(owner));
-        owner->setPopupMode(QToolButton::InstantPopup);
+        giveMenu(*owner, QToolButton::InstantPopup);
     }
     QAction* action = owner->menu()->addAction(QString());
     action->setProperty(KeyProperty, entryKey);
