@@ -52,8 +52,13 @@ bool enterPressed(QWidget& receiver) {
         // Tab goes from year to month to day; Enter leaves the field.
         date->setCurrentSectionIndex(date->sectionCount() - 1);
     }
-    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
-    QCoreApplication::sendEvent(&receiver, &tab);
+    QWidget* focus = &receiver;
+    do {
+        QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+        QCoreApplication::sendEvent(focus, &tab);
+        focus = receiver.window()->focusWidget();
+        // A toolbar on the way is for Tab alone: the next Enter would press its button.
+    } while (focus != &receiver && qobject_cast<QToolButton*>(focus));
     return true;
 }
 
