@@ -34,12 +34,18 @@ QString headUpdate(const cSolution& solution) {
            QString::number(solution.SolutionID);
 }
 
-// The percentage of the screen is stored as a fraction with four decimals at most: 33.33% as .3333, 100.% as 1.
-void insertLine(const cDimension& line, qint16 solutionId) {
+// The percentage of the screen is stored as a fraction with four decimals at most: 33.33% as .3333, 100.% as 1. with
+// its point. A weight of nothing would come out as the point alone, which no statement takes.
+QString storedFraction(const QString& percentage) {
     constexpr int decimals = 4;
+    const QString fraction = formatOptional(percentNumber(percentage), decimals);
+    return fraction == "."_L1 ? u"0"_s : fraction;
+}
+
+void insertLine(const cDimension& line, qint16 solutionId) {
     cnnPublic.Execute(u"insert into TestingSolutionDetail (SolutionID,TypeCode,typeName,Score,Weighing) values ("_s +
                       QString::number(solutionId) + u",'"_s + line.TypeCode + u"','"_s + line.TypeName + u"',"_s +
-                      line.Score + u',' + formatOptional(percentNumber(line.Weighing), decimals) + u')');
+                      line.Score + u',' + storedFraction(line.Weighing) + u')');
 }
 
 void insertWhole(const cSolution& solution, const cDimensions& lines) {

@@ -82,7 +82,12 @@ QString formatOptionalPercent(double value, int decimals) {
 double percentNumber(const QString& text) {
     constexpr double hundred = 100;
     const QString trimmed = trimBlanks(text);
-    return trimmed.endsWith(u'%') ? toNumber(trimmed.chopped(1)) / hundred : toNumber(trimmed);
+    const bool isPercentage = trimmed.endsWith(u'%');
+    const QString number = isPercentage ? trimmed.chopped(1) : trimmed;
+    if (number == "."_L1) {
+        return 0;
+    }
+    return isPercentage ? toNumber(number) / hundred : toNumber(number);
 }
 
 }  // namespace talvora

@@ -11,8 +11,8 @@ QString formatOptional(double value, int decimals);
 /// The same as a percentage: 0.3333 is "33.33%", 0.5 is "50.%", 1 is "100.%".
 QString formatOptionalPercent(double value, int decimals);
 
-/// The number that a plain or a percentage text spells: "33.33%" is 0.3333, "100.%" is 1, ".5%" is 0.005, "12" is 12.
-/// Throws RuntimeError 13 when it spells none.
+/// The number that a plain or a percentage text spells: "33.33%" is 0.3333, "100.%" is 1, ".5%" is 0.005, "12" is 12,
+/// ".%" is 0. Throws RuntimeError 13 when it spells none.
 double percentNumber(const QString& text);
 
 }  // namespace talvora

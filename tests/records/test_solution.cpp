@@ -98,7 +98,7 @@ TEST_P(SolutionTest, EachStatementFailsInTurn) {
 }
 
 TEST_P(SolutionTest, ModelsComeByNameAndLinesByCode) {
-    head(u"b"_s).AddNew(lines({u"002 3 50.%"_s, u"001002 7.5 .5%"_s, u"001 8 16.67%"_s}));
+    head(u"b"_s).AddNew(lines({u"002 3 50.%"_s, u"001002 7.5 .5%"_s, u"001 8 16.67%"_s, u"003 0 .%"_s}));
     head(u"a"_s).AddNew({});
     cnnPublic.Execute(u"insert into TestingSolution (SolutionName) values ('c ')"_s);
     QString names;
@@ -117,7 +117,8 @@ TEST_P(SolutionTest, ModelsComeByNameAndLinesByCode) {
                      .arg(line->SolutionID)
                      .arg(line->TypeCode, line->TypeName, line->Score, line->Weighing);
     }
-    EXPECT_EQ(texts.join(u'\n'), u"10 001 名001 8 0.1667\n20 001002 名001002 7.5 0.005\n30 002 名002 3 0.5"_s);
+    EXPECT_EQ(texts.join(u'\n'),
+              u"10 001 名001 8 0.1667\n20 001002 名001002 7.5 0.005\n30 002 名002 3 0.5\n40 003 名003 0 0"_s);
     cnnPublic.Execute(u"update TestingSolutionDetail set Weighing=null"_s);
     EXPECT_THROW(found.Find(key), RuntimeError) << "a line without a number";
 }
