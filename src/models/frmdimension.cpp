@@ -1,8 +1,7 @@
 #include "models/frmdimension.h"
 
 #include "models/importance.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
+#include "models/line_text.h"
 #include "testbank/ctestingtype.h"
 
 #include <algorithm>
@@ -27,7 +26,7 @@ void frmDimension::Form_Load() {
         ui->cmbImportant->setListIndex(0);
     } else {
         const auto line = InputLines.Item(1);
-        ui->cmbType->AddItem(line->TypeCode + u' ' + line->TypeName);
+        ui->cmbType->AddItem(lineText(line->TypeCode, line->TypeName));
         // The word sets the middle of its band, so the line's own score goes in behind it.
         ui->cmbImportant->setListIndex(importanceOf(line->Score));
         ui->txtScore->setText(line->Score);
@@ -45,7 +44,7 @@ void frmDimension::fillTypes() {
         const bool taken =
             std::any_of(InputLines.begin(), InputLines.end(), [&](const auto& line) { return line->TypeName == name; });
         if (!taken) {
-            ui->cmbType->AddItem(type->NowCode + u' ' + name);
+            ui->cmbType->AddItem(lineText(type->NowCode, name));
         }
     }
 }
@@ -56,7 +55,7 @@ void frmDimension::cmbImportant_Click() {
 
 void frmDimension::Command1_Click() {
     const QString score = ui->txtScore->text();
-    if (!isNumeric(score)) {
+    if (!isScore(score)) {
         warn(u"［分数］只能为数字型！"_s, ui->txtScore);
         return;
     }
@@ -64,13 +63,8 @@ void frmDimension::Command1_Click() {
         warn(refusal, ui->txtScore);
         return;
     }
-    constexpr qsizetype codeDigits = 3;
     ResultLines.Clear();
-    auto line = std::make_shared<cDimension>();
-    line->TypeCode = ui->cmbType->text().left(codeDigits);
-    line->TypeName = dropLeft(ui->cmbType->text(), codeDigits + 1);
-    line->Score = score;
-    ResultLines.Add(line);
+    ResultLines.Add(lineOf(ui->cmbType->text(), DimensionDigits, score));
     Unload();
 }
 

@@ -1,7 +1,7 @@
 #include "models/frmelements.h"
 
 #include "models/importance.h"
-#include "platform/numbers.h"
+#include "models/line_text.h"
 #include "platform/text.h"
 #include "testbank/ctestingtype.h"
 
@@ -10,13 +10,6 @@
 namespace talvora {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr qsizetype dimensionDigits = 3;
-constexpr qsizetype elementDigits = 6;
-
-}  // namespace
 
 void frmElements::wire() {
     on(ui->cmbType, &ComboBox::Click, &frmElements::cmbType_Click);
@@ -41,9 +34,9 @@ void frmElements::Form_Load() {
 void frmElements::fillTypes() {
     QString last;
     for (const auto& line : InputLines) {
-        const QString entry = line->TypeCode + u' ' + line->TypeName;
+        const QString entry = lineText(line->TypeCode, line->TypeName);
         const bool first = ui->cmbType->ListCount() == 0;
-        if (first || (line->TypeCode.size() == dimensionDigits && entry != last)) {
+        if (first || (line->TypeCode.size() == DimensionDigits && entry != last)) {
             ui->cmbType->AddItem(entry);
             last = entry;
         }
@@ -61,7 +54,7 @@ void frmElements::showLine(const cDimension& line) {
     // The line's own element is not in the list, so the list opens with nothing chosen: editing replaces the element.
     ui->cmbElements->setListIndex(-1);
     for (int i = 1; i < ui->cmbElements->ListCount(); ++i) {
-        if (ui->cmbElements->List(i).left(elementDigits) == line.TypeCode) {
+        if (ui->cmbElements->List(i).left(ElementDigits) == line.TypeCode) {
             ui->cmbElements->setListIndex(i);
             ui->cmbElements->setEnabled(false);
         }
@@ -71,11 +64,11 @@ void frmElements::showLine(const cDimension& line) {
 void frmElements::cmbType_Click() {
     ui->cmbElements->Clear();
     cTestingTypes types;
-    for (const auto& type : types.Find(u"2"_s, ui->cmbType->text().left(dimensionDigits))) {
+    for (const auto& type : types.Find(u"2"_s, ui->cmbType->text().left(DimensionDigits))) {
         const bool taken = std::any_of(InputLines.begin(), InputLines.end(),
                                        [&](const auto& line) { return line->TypeCode == type->NowCode; });
         if (!taken) {
-            ui->cmbElements->AddItem(type->NowCode + u' ' + type->Name);
+            ui->cmbElements->AddItem(lineText(type->NowCode, type->Name));
         }
     }
     if (ui->cmbElements->ListCount() > 0) {
@@ -96,7 +89,7 @@ bool frmElements::passesChecks() {
         warn(u"请输入［分数］的值！"_s, ui->txtScore);
         return false;
     }
-    if (!isNumeric(ui->txtScore->text())) {
+    if (!isScore(ui->txtScore->text())) {
         warn(u"［分数］只能为数字型！"_s, ui->txtScore);
         return false;
     }
@@ -112,11 +105,7 @@ void frmElements::Command1_Click() {
         return;
     }
     ResultLines.Clear();
-    auto line = std::make_shared<cDimension>();
-    line->TypeCode = ui->cmbElements->text().left(elementDigits);
-    line->TypeName = dropLeft(ui->cmbElements->text(), elementDigits + 1);
-    line->Score = ui->txtScore->text();
-    ResultLines.Add(line);
+    ResultLines.Add(lineOf(ui->cmbElements->text(), ElementDigits, ui->txtScore->text()));
     Unload();
 }
 

@@ -100,6 +100,9 @@ void frmSolution::showModel(qint16 solutionId) {
     ui->txtNote->setText(model->Note);
     cDimensions lines;
     solution::showLines(*ui->fg2, lines.Find(solutionId));
+    if (ui->fg2->Rows() > solution::FirstRow) {
+        ui->fg2->Select(solution::FirstRow, solution::DimensionCol);
+    }
 }
 
 void frmSolution::UpDown1_UpClick() {

@@ -74,11 +74,13 @@ void frmSolution::add1() {
     }
     appendDimension(*ui->fg2, *line);
     weighDimensions(*ui->fg2);
+    ui->fg2->Select(ui->fg2->Rows() - 1, DimensionCol);
     setLineButton(u"edit1"_s, true);
 }
 
 void frmSolution::edit1() {
     FlexGrid& fg = *ui->fg2;
+    // While there are lines, only a click on a title leaves none of them current.
     if (fg.Row() < FirstRow) {
         warn(u"请选择要修改的维度！"_s, ui->fg2);
         return;
@@ -122,7 +124,7 @@ void frmSolution::add2() {
     if (!line) {
         return;
     }
-    placeElement(*ui->fg2, *line);
+    ui->fg2->Select(placeElement(*ui->fg2, *line), ElementCol);
     weighElements(*ui->fg2, dimensionCodeOf(*line), DimensionCol);
     setLineButton(u"edit2"_s, true);
 }

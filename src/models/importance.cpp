@@ -2,6 +2,8 @@
 
 #include "platform/numbers.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -44,6 +46,11 @@ QStringList importanceEntries() {
         entries += band.entry.toString();
     }
     return entries;
+}
+
+bool isScore(const QString& text) {
+    static const QRegularExpression form(u"^ *[+-]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([Ee][+-]?[0-9]+)? *$"_s);
+    return form.match(text).hasMatch() && isNumeric(text);
 }
 
 int importanceOf(const QString& score) {

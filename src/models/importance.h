@@ -9,6 +9,10 @@ namespace talvora {
 /// Each stands for a band of scores; only the score is stored.
 QStringList importanceEntries();
 
+/// Whether the text is a number as the tables take one that stands bare in a statement: digits with a point, a sign and
+/// an exponent. Currency signs, group commas and the like are none.
+bool isScore(const QString& text);
+
 /// The position of the word whose band holds the score, -1 when none does or the text is no number.
 int importanceOf(const QString& score);
 

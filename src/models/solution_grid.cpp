@@ -1,8 +1,8 @@
 #include "models/solution_grid.h"
 
+#include "models/line_text.h"
 #include "platform/numbers.h"
 #include "platform/optional_format.h"
-#include "platform/text.h"
 
 #include <QStringList>
 
@@ -12,12 +12,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype dimensionDigits = 3;
-constexpr qsizetype elementDigits = 6;
 constexpr int percentDecimals = 2;
 
 QString named(const cDimension& line) {
-    return line.TypeCode + u' ' + line.TypeName;
+    return lineText(line.TypeCode, line.TypeName);
 }
 
 QString storedPercent(const cDimension& line) {
@@ -61,7 +59,7 @@ void setUpGrid(FlexGrid& fg) {
 
 void showLines(FlexGrid& fg, const cDimensions& lines) {
     for (const auto& line : lines) {
-        if (line->TypeCode.size() == dimensionDigits) {
+        if (line->TypeCode.size() == DimensionDigits) {
             fg.AddItem(named(*line) + u'\t' + line->Score + u'\t' + storedPercent(*line));
             continue;
         }
@@ -80,19 +78,16 @@ bool isFirstRow(const FlexGrid& fg, int row) {
 }
 
 QString dimensionCode(const FlexGrid& fg, int row) {
-    return fg.TextMatrix(row, DimensionCol).left(dimensionDigits);
+    return fg.TextMatrix(row, DimensionCol).left(DimensionDigits);
 }
 
 QString dimensionCodeOf(const cDimension& line) {
-    return line.TypeCode.left(dimensionDigits);
+    return line.TypeCode.left(DimensionDigits);
 }
 
 std::shared_ptr<cDimension> dimensionLine(const FlexGrid& fg, int row) {
-    auto line = std::make_shared<cDimension>();
+    auto line = lineOf(fg.TextMatrix(row, DimensionCol), DimensionDigits, fg.TextMatrix(row, DimensionScoreCol));
     line->ID = toInt16(row);
-    line->TypeCode = dimensionCode(fg, row);
-    line->TypeName = dropLeft(fg.TextMatrix(row, DimensionCol), dimensionDigits + 1);
-    line->Score = fg.TextMatrix(row, DimensionScoreCol);
     line->Weighing = fg.TextMatrix(row, DimensionWeightCol);
     return line;
 }
@@ -119,12 +114,8 @@ cDimensions modelLines(const FlexGrid& fg) {
 
 std::shared_ptr<cDimension> elementLine(const FlexGrid& fg, int row) {
     constexpr int elementIds = 1000;  // keeps the two kinds of keys apart
-    const QString element = fg.TextMatrix(row, ElementCol);
-    auto line = std::make_shared<cDimension>();
+    auto line = lineOf(fg.TextMatrix(row, ElementCol), ElementDigits, fg.TextMatrix(row, ElementScoreCol));
     line->ID = toInt16(row + elementIds);
-    line->TypeCode = element.left(elementDigits);
-    line->TypeName = dropLeft(element, elementDigits + 1);
-    line->Score = fg.TextMatrix(row, ElementScoreCol);
     line->Weighing = fg.TextMatrix(row, ElementWeightCol);
     return line;
 }
@@ -138,7 +129,7 @@ void writeElement(FlexGrid& fg, int row, const cDimension& line) {
     fg.setTextMatrix(row, ElementScoreCol, line.Score);
 }
 
-void placeElement(FlexGrid& fg, const cDimension& line) {
+int placeElement(FlexGrid& fg, const cDimension& line) {
     const QString code = dimensionCodeOf(line);
     int last = FirstRow;
     for (int row = FirstRow; row < fg.Rows(); ++row) {
@@ -147,12 +138,13 @@ void placeElement(FlexGrid& fg, const cDimension& line) {
         }
         if (!hasElement(fg, row)) {
             writeElement(fg, row, line);
-            return;
+            return row;
         }
         last = row;
     }
     fg.AddItem(dimensionCells(fg, last), last + 1);
     writeElement(fg, last + 1, line);
+    return last + 1;
 }
 
 void removeDimension(FlexGrid& fg, const QString& code) {

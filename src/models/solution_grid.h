@@ -48,8 +48,9 @@ void appendDimension(FlexGrid& fg, const cDimension& line);
 /// Writes code, name and score of an element into `row`.
 void writeElement(FlexGrid& fg, int row, const cDimension& line);
 
-/// Writes an element into the first free row of its dimension, or into a new one behind the dimension's last.
-void placeElement(FlexGrid& fg, const cDimension& line);
+/// Writes an element into the first free row of its dimension, or into a new one behind the dimension's last, and gives
+/// that row.
+int placeElement(FlexGrid& fg, const cDimension& line);
 
 /// Removes rows of a dimension: all of them at the bottom of the grid, but of several higher up only every other one.
 void removeDimension(FlexGrid& fg, const QString& code);

@@ -95,6 +95,7 @@ TEST_F(ModelEditor, WeighsWhatEachCommandIsToWeighAndSavesTheRestStale) {
     };
     for (const auto& [key, row, choice, importance, expected] : steps) {
         command(w, key, row, choice, importance);
+        EXPECT_TRUE(!key.startsWith("add"_L1) || w.ui->fg2->TextMatrix(w.ui->fg2->Row(), w.ui->fg2->Col()) == choice);
         ASSERT_EQ(weights(w.ui->fg2), expected) << key.toStdString();
     }
     type(w.ui->txtSolution, u"新模型"_s);
@@ -173,6 +174,8 @@ TEST_F(ModelEditor, LineCommandsRefuseWithoutTheirRow) {
     open(false);
     EXPECT_EQ(weights(w.ui->fg2), u"50.% 001001 50.%|25.% 002001 25.%"_s);
     refuses(u"add1"_s, u"已经增加了所有的维度，不可再行增加！"_s);
+    EXPECT_EQ(w.ui->fg2->Row(), 2);
+    w.ui->fg2->Select(0, 0);
     refuses(u"edit1"_s, u"请选择要修改的维度！"_s);
     refuses(u"edit2"_s, u"请选择要修改的维度！"_s);
     refuses(u"del2"_s, u"请选择拟删除的测评要素！"_s);
@@ -201,6 +204,15 @@ TEST_F(ModelEditor, StepsTheVersion) {
         retype(w.ui->txtVersion, version);
         press(key);
         EXPECT_EQ(w.ui->txtVersion->text(), stepped);
+    }
+}
+
+TEST_F(ModelEditor, EnterPassesOverTheToolbar) {
+    frmSolution& w = open(false);
+    w.ui->txtNote->setFocus();
+    for (QWidget* next : {static_cast<QWidget*>(w.ui->fg2), static_cast<QWidget*>(w.ui->Command1)}) {
+        press(Qt::Key_Return);
+        EXPECT_EQ(focused(), next);
     }
 }
 
