@@ -31,9 +31,13 @@ void fillQuestions(const FlexGrid& list, FlexGrid& detail) {
     if (!hasRow(list) || list.IsSubtotal(list.Row())) {
         return;
     }
-    const qint16 paper = toInt16(dropLeft(list.TextMatrix(list.Row(), 0), subtypeLength));
+    // A type that its neighbours in the list leave without a node has nothing behind its code.
+    const QString paper = dropLeft(list.TextMatrix(list.Row(), 0), subtypeLength);
+    if (paper.isEmpty()) {
+        return;
+    }
     int number = 0;
-    for (const auto& item : cExamination::GetQuestions(paper)) {
+    for (const auto& item : cExamination::GetQuestions(toInt16(paper))) {
         const cQuestion& q = *item;
         detail.AddItem(rowText(++number, q.QuestionName, q.Answer1, q.Score1, q.Answer2, q.Score2, q.Answer3, q.Score3,
                                q.Answer4, q.Score4, q.Answer5, q.Score5));
