@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QStringList>
@@ -28,11 +29,20 @@ QString helpFile() {
 
 void startHelpViewer() {
     const QString file = QCoreApplication::applicationDirPath() + u"/Talvora.chm"_s;
+#ifdef Q_OS_WIN
     QProcess::startDetached(u"hh.exe"_s, {QDir::toNativeSeparators(file)});
+#else
+    if (QFile::exists(file)) {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+    }
+#endif
 }
 
 void openWebPage() {
-    const QString page = setting(u"WebPage"_s, u"https://www.talvora.example/"_s);
+    const QString page = setting(u"WebPage"_s, QString());
+    if (page.isEmpty()) {
+        return;
+    }
 #ifdef Q_OS_WIN
     constexpr quint16 showMaximized = 3;
     constexpr quint32 useShowWindow = 1;
@@ -45,7 +55,7 @@ void openWebPage() {
     });
     browser.startDetached();
 #else
-    QDesktopServices::openUrl(QUrl(page));
+    QDesktopServices::openUrl(QUrl::fromUserInput(page));
 #endif
 }
 
