@@ -1,0 +1,221 @@
+#include "access/cuser.h"
+#include "access/frmpassword.h"
+#include "access/frmrole.h"
+#include "access/frmuser.h"
+#include "toolkit/checktree.h"
+#include "toolkit/toolbar.h"
+#include "windows/journey_bank.h"
+#include "workbench/frmmain.h"
+
+#include <QTest>
+
+namespace talvora::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Ticks or unticks nodes one after the other by keyboard alone, and gives the keys of those that are ticked then.
+QString tick(CheckTree* tree, const QString& keys) {
+    for (const QString& key : keys.split(u' ', Qt::SkipEmptyParts)) {
+        tree->setFocus();
+        press(Qt::Key_Home);
+        for (qsizetype i = 0; i < tree->Nodes().size() && tree->currentItem() != tree->Node(key); ++i) {
+            press(Qt::Key_Plus);
+            press(Qt::Key_Down);
+        }
+        press(Qt::Key_Space);
+    }
+    QStringList ticked;
+    for (const CheckNode* node : tree->Nodes()) {
+        ticked += node->Checked() ? QStringList(node->Key) : QStringList();
+    }
+    return ticked.join(u' ');
+}
+
+/// Presses OK and closes a dialog that stays open: the words that it must say, their style and where the focus is then.
+void expectOutcome(const Form& dialog, QPushButton* ok, const QString& outcome) {
+    PromptScript script;
+    if (outcome != u"closed"_s) {
+        script.expect();
+    }
+    click(ok);
+    const PromptScript::Shown shown = script.last();
+    const QString said = shown.style == 0 ? QString() : shown.text + u' ' + QString::number(shown.style) + u' ';
+    EXPECT_EQ(said + (dialog.isLoaded() ? focused()->objectName() : u"closed"_s), outcome);
+    if (dialog.isLoaded()) {
+        press(Qt::Key_Escape);
+    }
+    EXPECT_FALSE(dialog.isLoaded());
+}
+
+class AccessWindows : public WindowTest {
+ protected:
+    AccessWindows() {
+        emptyTables({u"Modules"_s, u"ModuleFunction"_s, u"Roles"_s, u"RoleRight"_s, u"Users"_s, u"UserRole"_s});
+        cnnPublic.Execute(
+            u"insert into Modules (RecordID,ModuleCode,ModuleName,TableName) values (1,'001','G1',null), "
+            "(2,'001001','M1','testing'), (3,'001002','M2','users'), (4,'002','G2',null)"_s);
+        cnnPublic.Execute(
+            u"insert into ModuleFunction (RecordID,ModuleCode,FunctionKey,FunctionDesc) values "
+            "(1,'001001','del','D'), (2,'001001','browse','B'), (3,'001002','add','A')"_s);
+        // Two share a code since the codes ran out, and the parent of the last is gone.
+        cnnPublic.Execute(
+            u"insert into Roles (RoleName,RoleCode) values "
+            "('top','001'), ('old','001001'), ('a','0010'), ('b','0010'), ('c','002'), ('d','009001')"_s);
+        cnnPublic.Execute(u"insert into Users (UserName,UserDesc,Password) values ('u','d','p')"_s);
+    }
+
+    static frmUser& user(bool add) {
+        frmUser& dialog = frmUser::Default();
+        dialog.AddMode = add;
+        dialog.UserIDOf = cUsers::GetUserID(u"u"_s);
+        dialog.Show();
+        return dialog;
+    }
+
+    static frmRole& role(bool add, const QString& name = u"old"_s) {
+        frmRole& dialog = frmRole::Default();
+        dialog.AddMode = add;
+        dialog.RoleIDOf = numberOf(u"select RoleID from Roles where RoleName='%1'"_s.arg(name));
+        dialog.Show();
+        return dialog;
+    }
+
+    struct Walk {
+        bool add;
+        QString name, nodes, outcome;
+    };
+
+    EmbeddedDatabase database_;
+};
+
+TEST_F(JourneyTest, EveryToolBarButtonHasItsRightInTheCatalogue) {
+    strCurrentUser = u"admin"_s;
+    frmMain::Default().Load();
+    const auto bars = frmMain::Default().window()->findChildren<ToolBar*>();
+    EXPECT_EQ(bars.size(), 6);
+    for (const ToolBar* bar : bars) {
+        QStringList keys = bar->keys().replaceInStrings(u"exit"_s, u"browse"_s);
+        keys.sort();
+        EXPECT_EQ(rowsOf(u"select FunctionKey from Modules, ModuleFunction where Modules.ModuleCode="
+                         "ModuleFunction.ModuleCode and TableName='%1' order by FunctionKey"_s.arg(
+                             bar->objectName().sliced(3))),  // tbr…
+                  keys.join(u'\n'));
+    }
+    strCurrentUser.clear();
+}
+
+TEST_F(AccessWindows, TicksGoDownOnly) {
+    CheckTree* tree = user(true).ui->tvwRoles;
+    EXPECT_EQ(tick(tree, u"a001"_s), u"a001 a0010 a0010 a001001"_s);
+    EXPECT_EQ(tick(tree, u"a001001 a002"_s), u"a001 a0010 a0010 a002"_s);
+    EXPECT_EQ(tick(tree, u"a001 a009001"_s), u"a002 a009001"_s);
+    const QRect row = tree->visualItemRect(tree->Node(u"a001"_s));
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, QPoint(row.left() + 10, row.center().y()));
+    EXPECT_EQ(tick(tree, u"a001001"_s), u"a001 a0010 a0010 a002 a009001"_s);
+    tree = role(true).ui->tvTreeView;
+    EXPECT_EQ(tick(tree, u"a001"_s), u"a001 b001001 c0010011 c0010012 b001002 c0010021"_s);
+    EXPECT_EQ(tick(tree, u"b001001 c0010012"_s), u"a001 c0010012 b001002 c0010021"_s);
+    EXPECT_EQ(tick(tree, u"a001 b001002"_s), u"b001002 c0010021"_s);
+}
+
+TEST_F(AccessWindows, UserIsCheckedAndStored) {
+    const QString taken = u"［用户名］重复，请重新输入！ 48 txtUserName"_s;
+    const Walk walks[] = {
+        {true, {}, {}, u"请先输入［用户名］！ 48 txtUserName"_s},
+        {true, u"x'"_s, {}, u"一个用户至少要选择一个［角色］！ 48 tvwRoles"_s},
+        {true, u"u"_s, u"a002"_s, taken},
+        {true, u"x'"_s, u"a002"_s, u"发生异常错误，请重试！ 48 txtUserName"_s},
+        {true, u"x"_s, u"a001001"_s, u"closed"_s},
+        {false, u"x"_s, u"a002"_s, taken},
+        {false, u"u'"_s, u"a002"_s, u"closed"_s},  // fails unseen
+        {false, u"u"_s, u"a0010"_s, u"closed"_s},
+    };
+    for (const auto& [add, name, nodes, outcome] : walks) {
+        frmUser& w = user(add);
+        retype(w.ui->txtUserName, name);
+        retype(w.ui->txtUserDesc, u"D"_s);
+        retype(w.ui->txtPassword, u"pw"_s);
+        w.ui->chkLocked->setChecked(true);
+        tick(w.ui->tvwRoles, nodes);
+        expectOutcome(w, w.ui->Command1, outcome);
+    }
+    EXPECT_EQ(rowsOf(u"select UserName, UserDesc, Password, Locked from Users order by UserName"_s),
+              u"u|D|pw|1\nx|D|pw|0"_s);  // a new user is open for all the tick
+    EXPECT_EQ(rowsOf(u"select UserName, RoleName from Users, UserRole, Roles where Users.UserID=UserRole.UserID and "
+                     "Roles.RoleID=UserRole.RoleID order by UserName"_s),
+              u"u|a\nx|old"_s);
+    EXPECT_EQ(tick(user(false).ui->tvwRoles, {}), u"a0010"_s) << "one of the two";
+    EXPECT_TRUE(frmUser::Default().ui->chkLocked->isChecked());
+    EXPECT_EQ(frmUser::Default().ui->txtPassword->text(), u"pw"_s);
+}
+
+TEST_F(AccessWindows, RoleIsCheckedAndStored) {
+    const QString taken = u"［角色名］重复，请重新输入！ 48 txtRoleName"_s;
+    const Walk walks[] = {
+        {true, {}, {}, u"请先输入［角色名］！ 48 txtRoleName"_s},
+        {true, u"x'"_s, {}, u"一个角色至少要选择一个［模块］或［功能］权！ 48 tvTreeView"_s},
+        {true, u"x'"_s, u"a001"_s, u"文本框中不可输入字符［'］！ 48 txtRoleName"_s},
+        {true, u"top"_s, u"a001"_s, taken},
+        {true, u"new"_s, u"a002"_s, u"closed"_s},  // a group with nothing under it will do
+        {false, u"top"_s, u"a001"_s, taken},
+        {false, u"old"_s, u"c0010012"_s, u"修改成功！ 64 closed"_s},
+    };
+    for (const auto& [add, name, nodes, outcome] : walks) {
+        frmRole& w = role(add);
+        EXPECT_EQ(w.ui->cmbRole->isEnabled(), add);
+        w.ui->cmbRole->setListIndex(add ? 1 : w.ui->cmbRole->ListIndex());
+        EXPECT_EQ(w.ui->cmbRole->text(), u"001 top"_s);
+        retype(w.ui->txtRoleName, name);
+        retype(w.ui->txtRoleDesc, u"D"_s);
+        tick(w.ui->tvTreeView, nodes);
+        expectOutcome(w, w.ui->Command1, outcome);
+    }
+    EXPECT_EQ(rowsOf(u"select RoleCode, RoleDesc, ModuleCode, ModuleFunction, IsAccess from Roles, RoleRight where "
+                     "RoleRight.RoleID=Roles.RoleID order by RoleCode, ModuleCode, ModuleFunction"_s),
+              u"001001|D|001001|browse|0\n001001|D|001001|del|1\n001001|D|001002|add|0\n"
+              "001002|D|001001|browse|0\n001002|D|001001|del|0\n001002|D|001002|add|0"_s);
+    EXPECT_EQ(tick(role(false).ui->tvTreeView, {}), u"c0010012"_s) << "the boxes above stay empty";
+    frmRole::Default().Unload();
+    EXPECT_EQ(role(false, u"top"_s).ui->cmbRole->ListIndex(), 0) << "a role at the top has no parent";
+}
+
+TEST_F(AccessWindows, PasswordIsCheckedAndStored) {
+    const QString wrong = u"输入的［旧密码］不对，请重新输入！ 48 txtOld"_s;
+    const QString differs = u"［新密码］与［确认密码］不一致，请重新输入！ 48 txtConfirm"_s;
+    const QString full(25, u'x');
+    const struct {
+        QString old, next, confirm, outcome, after;
+    } table[] = {
+        {u"P"_s, {}, {}, wrong, u"p"_s},
+        {u"p "_s, u"n"_s, u"n"_s, wrong, u"p"_s},
+        {u"p"_s, {}, u"n"_s, u"请输入［新密码］！ 48 txtNew"_s, u"p"_s},
+        {u"p"_s, u"n"_s, u"N"_s, differs, u"p"_s},
+        {u"p"_s, u"'"_s, u"'"_s, u"closed"_s, u"p"_s},  // fails unseen
+        {u"p"_s, u"p"_s, u"p"_s, u"closed"_s, u"p"_s},
+        {u"p"_s, full + u'y', full + u'y', differs, u"p"_s},
+        {u"p"_s, full, full, u"closed"_s, full},
+        {full, u"n"_s, u"n"_s, wrong, full},  // the old field takes 20 of the 25
+    };
+    frmPassword& w = frmPassword::Default();
+    w.UserNameOf = u"u"_s;
+    for (const auto& [old, next, confirm, outcome, after] : table) {
+        w.Show();
+        w.ui->txtOld->setFocus();
+        for (const QString& text : {old, next, confirm}) {
+            type(focused(), text);
+            press(Qt::Key_Return);  // moves on
+        }
+        expectOutcome(w, qobject_cast<QPushButton*>(focused()), outcome);
+        EXPECT_EQ(cUser::GetPassword(u"u"_s), after);
+    }
+    w.Show();
+    type(w.ui->txtOld, u"wrong"_s);
+    PromptScript script;
+    script.expect();
+    click(w.ui->cmdOK);
+    EXPECT_EQ(w.ui->txtOld->text(), QString());
+}
+
+}  // namespace
+}  // namespace talvora::test
