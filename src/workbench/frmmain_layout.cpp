@@ -46,6 +46,16 @@ int ghostPlace(int pixels, int room, int margin) {
     return wanted < margin ? margin : std::min(wanted, toTwips(room) - margin);
 }
 
+/// Where a window opens that has no place yet: higher than wanted on a screen that would not show its lower edge.
+QPoint firstPlace(QSize window) {
+    constexpr int wanted = toPixels(1000);
+    constexpr int titleBar = 40;
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const QSize room = screen.size() - window - QSize(0, titleBar);
+    const QPoint last = screen.topLeft() + QPoint(room.width(), room.height());
+    return {qMax(screen.x(), qMin(wanted, last.x())), qMax(screen.y(), qMin(wanted, last.y()))};
+}
+
 /// Whether enough of a window's title bar is on a screen to drag it by.
 bool isWithinReach(const QRect& window) {
     constexpr QSize handle(100, 24);
@@ -89,23 +99,19 @@ void frmMain::showTime() {
     ui->pnlTime->setText(now.toString(u"HH:mm"_s));
 }
 
-/// A place on a screen that is no longer there is given up for the first one's.
+/// The place of the first run holds as well where the one that was kept is on no screen any more.
 void frmMain::restorePlace() {
-    constexpr int firstPlace = 1000;
     constexpr int firstSize = 6500;
     const auto pixels = [](const QString& key, int preset) {
         return toPixels(GetSettingNumber(section(), key, preset));
     };
     const QSize screen = QGuiApplication::primaryScreen()->availableSize();
     window()->setMinimumSize(QSize(toPixels(smallestWidth), toPixels(smallestHeight)).boundedTo(screen));
-    QRect area(pixels(u"MainLeft"_s, firstPlace), pixels(u"MainTop"_s, firstPlace), pixels(u"MainWidth"_s, firstSize),
-               pixels(u"MainHeight"_s, firstSize));
-    if (!isWithinReach(area)) {
-        area.moveTopLeft(QGuiApplication::primaryScreen()->availableGeometry().topLeft() +
-                         QPoint(toPixels(firstPlace), toPixels(firstPlace)));
-    }
-    window()->resize(area.size());
-    window()->move(area.topLeft());
+    const QSize size(pixels(u"MainWidth"_s, firstSize), pixels(u"MainHeight"_s, firstSize));
+    window()->resize(size);
+    const QPoint first = firstPlace(window()->size());
+    const QPoint kept(pixels(u"MainLeft"_s, toTwips(first.x())), pixels(u"MainTop"_s, toTwips(first.y())));
+    window()->move(isWithinReach(QRect(kept, window()->size())) ? kept : first);
 }
 
 void frmMain::savePlace() {
