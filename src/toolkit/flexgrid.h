@@ -55,6 +55,9 @@ class FlexGrid : public QTableView {
     void setColWordWrap(int col, bool wrap);
     /// The column that takes the width left over. By default, -1, the last one does if its texts stand left.
     void setStretchCol(int col);
+    /// Whether columns grow beyond their titles' width with their texts, so that short ones are not cut off; those of
+    /// the first and the last hundred rows count, up to a limit. Width that the user has dragged stays. Off by default.
+    void setFitToTexts(bool fit);
 
     /// Adds a row from one text, its cells separated by tabs; at the end, or in front of row `at`.
     void AddItem(const QString& cells, int at = -1);
@@ -148,6 +151,8 @@ class FlexGrid : public QTableView {
     void fitRowHeights();
     int heightOf(int modelRow, const QStyleOptionViewItem& option) const;
     int columnToStretch() const;
+    void widenToTexts();
+    int widthOfTexts(int col, int width) const;
     void fitColumns();
     void applyFont();
     void columnResized(int col);
@@ -182,6 +187,7 @@ class FlexGrid : public QTableView {
     int stretchCol_ = -1;
     int headerCol_ = -1;
     QPersistentModelIndex pressed_;
+    bool fitToTexts_ = false;
     bool pending_ = false;
     bool sizing_ = false;
     bool merged_ = false;

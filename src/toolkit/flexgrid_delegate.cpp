@@ -10,6 +10,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <cmath>
 
 namespace talvora {
 
@@ -183,7 +184,10 @@ QSize GridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
     const QFontMetrics metrics(fontOf(option, index));
     QStyleOptionViewItem cell = option;
     cell.rect = QRect(0, 0, QWIDGETSIZE_MAX, grid::rowHeight(metrics));
-    const int text = metrics.horizontalAdvance(index.data(Qt::DisplayRole).toString());
+    // Rounded up, as a text that lacks a part of a pixel is cut off.
+    const qreal advance =
+        QFontMetricsF(fontOf(option, index)).horizontalAdvance(index.data(Qt::DisplayRole).toString());
+    const int text = static_cast<int>(std::ceil(advance));
     return {QWIDGETSIZE_MAX - contentOf(cell, index).text.width() + text, cell.rect.height()};
 }
 

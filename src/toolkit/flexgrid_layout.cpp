@@ -10,6 +10,10 @@ namespace talvora {
 namespace {
 
 constexpr ushort FirstWideCharacter = 0x1100;
+// How many rows at either end of a list tell its columns' width, and how many Chinese characters a column shows at most
+// without the user's doing.
+constexpr int MeasuredRows = 100;
+constexpr int MostCharacters = 40;
 
 }  // namespace
 
@@ -96,6 +100,9 @@ void FlexGrid::settle() {
     delegate_->outlineCol = outlineBar_ == GridOutlineBar::None ? -1 : outlineCol_;
     announceRows();
     joinCells();
+    if (fitToTexts_) {
+        widenToTexts();
+    }
     fitColumns();
     fitRowHeights();
     placeStaying();
@@ -157,6 +164,41 @@ int FlexGrid::columnToStretch() const {
     // Numbers would be torn away from the columns that they belong to.
     const bool text = last >= 0 && model_->column(last).align < GridAlign::CenterTop;
     return text ? last : -1;
+}
+
+void FlexGrid::setFitToTexts(bool fit) {
+    fitToTexts_ = fit;
+    later();
+}
+
+void FlexGrid::widenToTexts() {
+    for (int col = 0; col < Cols() && static_cast<std::size_t>(col) < widths_.size(); ++col) {
+        if (!isColumnHidden(col) && !delegate_->wraps(col) && !draggedWidths_.contains(titleKey(col))) {
+            int& width = widths_[static_cast<std::size_t>(col)];
+            width = widthOfTexts(col, width);
+        }
+    }
+}
+
+/// What the texts of a column need, at least `width`.
+int FlexGrid::widthOfTexts(int col, int width) const {
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    const int character = option.fontMetrics.horizontalAdvance(u'国');
+    const int most = std::max(width, MostCharacters * character);
+    const int rows = model_->rowCount();
+    for (int row = 0; row < rows; ++row) {
+        if (row == MeasuredRows) {
+            row = std::max(row, rows - MeasuredRows);
+        }
+        // No glyph is wider than a Chinese one, so most texts need no measuring.
+        const qsizetype length = model_->text(model_->gridRow(row), col).size();
+        if (col == delegate_->outlineCol || length * character + 2 * qsizetype{grid::PaddingX} > width) {
+            const int needed = delegate_->sizeHint(option, model_->index(row, col)).width();
+            width = std::min(std::max(width, needed), most);
+        }
+    }
+    return width;
 }
 
 void FlexGrid::fitColumns() {

@@ -107,6 +107,7 @@ void fillAnswers(const FlexGrid& list, FlexGrid& detail) {
 
 void FillDetailGrid(const QString& module, const FlexGrid& list, FlexGrid& detail) {
     detail.setRows(1);
+    detail.setFitToTexts(true);
     if (module.toLower() == "testingtype"_L1) {
         fillQuestions(list, detail);
         detail.setFrozenCols(2);

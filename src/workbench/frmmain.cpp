@@ -132,6 +132,7 @@ void frmMain::openModule(const QString& module) {
     strCurrentModule = module;
     ShowModuleBar(module);
     FillModuleGrid(*ui->fg, module);
+    ui->lblLegend->setText(ModuleLegend(module));
     SelectModuleNode(module);
 }
 

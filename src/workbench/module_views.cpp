@@ -16,6 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr QStringView unfinishedLegend = u"红色表示未完成试卷设置";
+constexpr QStringView modelLegend = u"浅黄底色表示一个［素质模型］";
 constexpr qsizetype codeStep = 3;  // characters of a code for each level
 constexpr int allLevels = 10;
 
@@ -73,7 +75,7 @@ void addPapers(FlexGrid& fg, const QString& typeCode) {
 
 void fillTestingType(FlexGrid& fg) {
     constexpr int subtypeLevel = 2;
-    fg.setToolTip(u"红色表示未完成试卷设置"_s);
+    fg.setToolTip(unfinishedLegend.toString());
     fg.setFormatString(
         u"类型编码|测评试卷              |编制人员    |审核人员    |批准人员    |编制日期    |审核日期    |批准日期    |每题答案数   |试卷题目数   |测评时长(分) |试卷说明"_s);
     setTree(fg);
@@ -110,7 +112,7 @@ void fillSolution(FlexGrid& fg) {
 }
 
 void fillTesting(FlexGrid& fg) {
-    fg.setToolTip(u"浅黄底色表示一个［素质模型］"_s);
+    fg.setToolTip(modelLegend.toString());
     fg.setFormatString(
         u"测评ID|序号 |姓名      |性别|年龄|身份证号          |学历  |职位      |薪资范围    |测评时间     |测评类型     |模型版本 |试卷题目数|实际答题数|测评得分|测评结果       |结果说明"_s);
     setTree(fg);
@@ -189,11 +191,22 @@ void FillModuleGrid(FlexGrid& fg, const QString& module) {
     fg.setRows(1);
     fg.setCols(1);
     fg.setColHidden(0, true);
+    fg.setFitToTexts(true);
     for (const View& view : views) {
         if (view.module == module.toLower()) {
             view.fill(fg);
         }
     }
+}
+
+QString ModuleLegend(const QString& module) {
+    const auto legend = [](const QString& property, const QColor& colour, QStringView text) {
+        return u"<span style='%1: %2'>&nbsp;%3&nbsp;</span>"_s.arg(property, colour.name(), text);
+    };
+    if (module.toLower() == "testingtype"_L1) {
+        return legend(u"color"_s, Red, unfinishedLegend);
+    }
+    return module.toLower() == "testing"_L1 ? legend(u"background-color"_s, PaleYellow, modelLegend) : QString();
 }
 
 void FillTestings(FlexGrid& fg, const cTestings& testings) {

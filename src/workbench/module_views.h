@@ -12,6 +12,9 @@ namespace talvora {
 /// and the grid's tool tip is the legend of its colours. A failing statement's error goes to the caller.
 void FillModuleGrid(FlexGrid& fg, const QString& module);
 
+/// What the colours of a module's list mean, as rich text that wears the colour; empty for a list without colours.
+QString ModuleLegend(const QString& module);
+
 /// Replaces the rows of the list of tests by these, in all of its 17 columns. Competency models are marked.
 void FillTestings(FlexGrid& fg, const cTestings& testings);
 
