@@ -4,6 +4,7 @@
 #include "platform/numbers.h"
 #include "platform/runtime_error.h"
 #include "toolkit/prompts.h"
+#include "toolkit/whole_text.h"
 
 #include <optional>
 
@@ -39,7 +40,8 @@ void frmPosition::Form_Load() {
     if (!AddMode) {
         const auto position = positions.Item(1);
         ui->txtName->setText(position->PostName);
-        ui->txtPeoples->setText(QString::number(position->Peoples));
+        // A count typed as 2E4 has more digits than the field takes.
+        showWhole(ui->txtPeoples, QString::number(position->Peoples));
     }
     // Beside another position the new one may still land under a different parent, which the code scheme decides.
     ui->lblParent->setText(AddMode && ChildMode ? positions.Item(1)->PostName.text()

@@ -3,6 +3,7 @@
 #include "platform/numbers.h"
 #include "settings/coption.h"
 #include "toolkit/prompts.h"
+#include "toolkit/whole_text.h"
 
 namespace talvora {
 
@@ -30,7 +31,7 @@ void frmOption::Form_Load() {
     cOptions options;
     for (const auto& option : options.Find({})) {
         if (option->VarName == "intTimeInterval"_L1) {
-            ui->txtTimeInterval->setText(option->VarValue);
+            showWhole(ui->txtTimeInterval, option->VarValue);
         }
         for (const auto& [name, box] : boxes) {
             if (option->VarName == name) {

@@ -25,12 +25,13 @@ TEST_F(PositionDialog, EachModeShowsItsParentAndWrites) {
     } table[] = {
         {true, false, u"001001"_s, u"总经理||"_s, u"4"_s, u"001002|4"_s},
         {true, true, u"001001"_s, u"销售经理||"_s, u"2.5"_s, u"001001002|2"_s},
-        {false, true, u"001001"_s, u"总经理|销售经理|3"_s, u"1.5"_s, u"001001|2"_s},
+        {false, true, u"001001"_s, u"总经理|销售经理|3"_s, u"2E4"_s, u"001001|20000"_s},
+        {false, true, u"001001"_s, u"总经理|新|20000"_s, u"1.5"_s, u"001001|2"_s},
         {true, false, {}, u"||"_s, {}, u"001|0"_s},
     };
     for (const auto& row : table) {
         SCOPED_TRACE(row.stored.toStdString());
-        cnnPublic.Execute(u"delete from Position where PostName='新' or '%1'=''"_s.arg(row.code));
+        cnnPublic.Execute(u"delete from Position where PostName='新' and PostCode<>'%1' or '%1'=''"_s.arg(row.code));
         frmPosition& w = open(row.add, row.child, row.code);
         EXPECT_EQ(w.ui->lblParent->text() + u'|' + w.ui->txtName->text() + u'|' + w.ui->txtPeoples->text(), row.shown);
         retype(w.ui->txtName, u"新"_s);
