@@ -79,4 +79,8 @@ void ModuleTree::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+QItemSelectionModel::SelectionFlags ModuleTree::selectionCommand(const QModelIndex& index, const QEvent* event) const {
+    return index.isValid() ? QTreeWidget::selectionCommand(index, event) : QItemSelectionModel::NoUpdate;
+}
+
 }  // namespace talvora

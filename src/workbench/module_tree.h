@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QItemSelectionModel>
 #include <QString>
 #include <QTreeWidget>
 
@@ -35,6 +36,9 @@ class ModuleTree : public QTreeWidget {
 
  protected:
     void keyPressEvent(QKeyEvent* event) override;
+    /// A press beside the nodes leaves the mark on the module shown.
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event = nullptr) const override;
 
  private:
     std::vector<QTreeWidgetItem*> nodes_;
