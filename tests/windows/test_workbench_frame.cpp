@@ -8,6 +8,7 @@
 #include "workbench/frmsysinfo.h"
 
 #include <QDesktopServices>
+#include <QShortcut>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
@@ -16,6 +17,17 @@ namespace talvora::test {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+/// Stands in for the desktop's browser.
+class Browser : public QObject {
+    Q_OBJECT
+
+ public:
+    QStringList pages;
+
+ public Q_SLOTS:
+    void open(const QUrl& page) { pages += page.toString(); }
+};
 
 class Workbench : public JourneyTest {
  protected:
@@ -126,9 +138,10 @@ TEST_F(Workbench, KeepsItsPlaceOnlyWhenClosedFromItsFrame) {
     w.window()->close();
     EXPECT_EQ(savedPlace(), u"150 300 11400 7500"_s);
 
+    // The whole window comes back onto the screen of 800 pixels, further to the left than a narrower one.
     SaveSetting(u"Settings"_s, u"MainLeft"_s, u"900000"_s);
     w.Show();
-    EXPECT_EQ(w.window()->pos(), QPoint(toPixels(1000), toPixels(1000)));
+    EXPECT_EQ(w.window()->pos(), QPoint(800 - 760, toPixels(1000)));
 }
 
 TEST_F(Workbench, MovesItsSplittersWithinLimits) {
@@ -186,14 +199,48 @@ TEST_F(Workbench, FollowsMouseAndKeysInTheTree) {
     clickNode(6);
     EXPECT_EQ(w.strCurrentModule, u"position"_s);
     EXPECT_EQ(w.ui->fg->Row(), 1);
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->viewport()->rect().bottomRight());
+    EXPECT_TRUE(tree->Node(6).isSelected());
     clickNode(5);
     EXPECT_EQ(w.strCurrentModule, u"position"_s);
     clickNode(7);
     press(Qt::Key_Down);
     EXPECT_EQ(w.strCurrentModule, u"Roles"_s);
+    auto* nextPane = w.window()->findChild<QShortcut*>();
+    EXPECT_EQ(nextPane->key(), QKeySequence(Qt::Key_F6));
+    for (QWidget* stop : {static_cast<QWidget*>(w.ui->fg), static_cast<QWidget*>(w.ui->tbrRoles->button(u"add"_s)),
+                          static_cast<QWidget*>(tree)}) {
+        Q_EMIT nextPane->activated();
+        EXPECT_EQ(focused(), stop);
+    }
     w.ui->mnuSolution->trigger();
     EXPECT_EQ(tree->currentItem(), &tree->Node(4));
 }
+
+TEST_F(Workbench, ShowsEveryButtonAtItsSmallest) {
+    w.Show();
+    for (QAction* open : {w.ui->mnuTesting, w.ui->mnuTestingType, w.ui->mnuPosition, w.ui->mnuUsers}) {
+        open->trigger();
+        QCoreApplication::processEvents();
+        for (const ToolBar* toolbar : w.window()->findChildren<ToolBar*>()) {
+            EXPECT_TRUE(!toolbar->isVisible() || toolbar->width() >= toolbar->sizeHint().width())
+                << toolbar->objectName().toStdString();
+        }
+    }
+}
+
+#ifndef Q_OS_WIN
+TEST_F(Workbench, OpensTheWebPageThatIsConfigured) {
+    Browser browser;
+    QDesktopServices::setUrlHandler(u"http"_s, &browser, "open");
+    w.Show();
+    w.ui->mnuViewWebBrowser->trigger();
+    SaveSetting(u"Help"_s, u"WebPage"_s, u"www.example.org"_s);
+    w.ui->mnuViewWebBrowser->trigger();
+    QDesktopServices::unsetUrlHandler(u"http"_s);
+    EXPECT_EQ(browser.pages, QStringList{u"http://www.example.org"_s});
+}
+#endif
 
 TEST_F(Workbench, HelpIsSilentWhereNothingOpensIt) {
     w.Show();
@@ -213,3 +260,5 @@ TEST_F(Workbench, HelpIsSilentWhereNothingOpensIt) {
 
 }  // namespace
 }  // namespace talvora::test
+
+#include "test_workbench_frame.moc"
