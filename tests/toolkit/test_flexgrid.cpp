@@ -47,6 +47,25 @@ TEST(FlexGrid, KeepsBlanksOfTitlesAndDraggedWidths) {
     EXPECT_LT(grid.columnWidth(1), own) << "blanks give a column its width";
 }
 
+TEST(FlexGrid, ColumnsGrowWithTheTextsAtBothEndsOfAList) {
+    const QString number = u"440524188001010014"_s;
+    const auto widthWith = [&](int wideRow, const QString& text) {
+        WatchedGrid watched;
+        for (int row = 1; row <= 300; ++row) {
+            watched.grid.AddItem(u"k\t"_s + (row == wideRow ? text : u"1"_s));
+        }
+        watched.grid.setFitToTexts(true);
+        watched.show();
+        return watched.grid.columnWidth(1);
+    };
+    const int own = widthWith(0, {});
+    const int wide = WatchedGrid().grid.fontMetrics().horizontalAdvance(number.repeated(2));
+    EXPECT_GT(widthWith(1, number.repeated(2)), wide);
+    EXPECT_GT(widthWith(300, number.repeated(2)), wide);
+    EXPECT_EQ(widthWith(150, number.repeated(2)), own);
+    EXPECT_LT(widthWith(1, number.repeated(20)), 3 * wide) << "a long text does not push the other columns away";
+}
+
 TEST(FlexGrid, WhatBelongsToARowMovesWithItAndGoesWithIt) {
     WatchedGrid watched({u"a"_s, u"b"_s, u"c"_s});
     FlexGrid& grid = watched.grid;
