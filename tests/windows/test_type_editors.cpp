@@ -18,48 +18,49 @@ class TypeEditors : public JourneyTest {
         return w;
     }
 
+    /// OK with the `failing`-th statement refused is answered by these words, and the focus goes to the field.
+    template <class F>
+    void refuse(F& w, const QString& words, QWidget* field, qsizetype failing = 0) {
+        script_.expect(vbOK, words);
+        statementsOf([&] { click(w.ui->Command1); }, failing);
+        EXPECT_EQ(focused(), field) << words.toStdString();
+        EXPECT_EQ(script_.last().style, vbExclamation);
+    }
+
     PromptScript script_;
 };
 
 const QString taken = u"［测评主类］重复，请重新输入！"_s;
 const QString childTaken = u"［测评子类］重复，请重新输入！"_s;
+const QString noName = u"请先输入［类型名称］！"_s;
 const QString quote = u"文本框中不可输入字符［'］！"_s;
 
-TEST_F(TypeEditors, MainTypeIsAddedUntilClosed) {
-    frmTypeParent& w = open<frmTypeParent>(QString(), true);
-    const std::pair<QString, QString> refused[] = {
-        {QString(), u"请先输入［类型名称］！"_s}, {u"a'"_s, quote}, {u"职业素养"_s, taken}};
-    for (const auto& [name, words] : refused) {
+TEST_F(TypeEditors, MainTypesAreAddedUntilClosedAndAnEditEmptiesAllElse) {
+    frmTypeParent& w = open<frmTypeParent>({}, true);
+    for (const auto& [name, words] : {std::pair(u""_s, noName), {u"a'"_s, quote}, {u"职业素养"_s, taken}}) {
         retype(w.ui->txtName, name);
-        script_.expect(vbOK, words);
-        click(w.ui->Command1);
-        EXPECT_EQ(focused(), w.ui->txtName);
+        refuse(w, words, w.ui->txtName);
     }
     // Blanks are text, a description is not stored, and a failure passes without a word.
-    for (const auto& [name, failing] : {std::pair(u" 1"_s, 0), std::pair(u"2"_s, 3)}) {
+    for (const auto& [name, failing] : {std::pair(u" 1"_s, 0), {u"2"_s, 3}}) {
         retype(w.ui->txtName, name);
-        retype(w.ui->txtDesc, u"x"_s);
+        press(Qt::Key_Return);
+        type(focused(), u"x"_s);
         statementsOf([&] { click(w.ui->Command1); }, failing);
         EXPECT_EQ(w.ui->txtCode->text() + w.ui->txtName->text() + w.ui->txtDesc->text(), u"003"_s);
         EXPECT_EQ(focused(), w.ui->txtName);
     }
-    EXPECT_EQ(rowsOf(u"select TypeCode, TestingType, Note from TestingType where TypeCode>'002' and len(TypeCode)=3"_s),
-              u"003|1|null"_s);
-}
-
-TEST_F(TypeEditors, EditOfAMainTypeEmptiesAllElse) {
+    press(Qt::Key_Escape);
     cnnPublic.Execute(u"update TestingType set Note='n', Author='a' where TypeCode='001'"_s);
-    frmTypeParent& w = open<frmTypeParent>(u"001"_s, false);
+    open<frmTypeParent>(u"001"_s, false);
     EXPECT_EQ(w.ui->txtDesc->text(), u"n"_s);
     retype(w.ui->txtName, u"责任心"_s);
-    script_.expect(vbOK, taken);
-    click(w.ui->Command1);
+    refuse(w, taken, w.ui->txtName);
     retype(w.ui->txtName, u"素养"_s);
-    press(Qt::Key_Return);
-    EXPECT_EQ(focused(), w.ui->txtDesc);
     click(w.ui->Command1);
     EXPECT_FALSE(w.isLoaded());
-    EXPECT_EQ(rowsOf(u"select TestingType, Note, Author from TestingType where TypeCode='001'"_s), u"素养||"_s);
+    EXPECT_EQ(rowsOf(u"select TypeCode, TestingType, Note, Author from TestingType where len(TypeCode)=3"_s),
+              u"001|素养||\n002|专业能力|null|null\n003|1|null|null"_s);
 }
 
 TEST_F(TypeEditors, SubtypeIsRefusedInOrderAndThenAdded) {
@@ -68,27 +69,25 @@ TEST_F(TypeEditors, SubtypeIsRefusedInOrderAndThenAdded) {
     choose(w.ui->cmbType, u"专业能力"_s);
     EXPECT_EQ(w.ui->txtTypeCode->text() + w.TypeCodeOf, u"002003002"_s);
     const QString noWord = u"请输入［测评级别］及其［测评说明］！"_s;
+    const QString failed = u"增加失败，请稍后重试！"_s;
     const struct {
-        QString name, word1, word2;
-        qsizetype failing;
-        QString words;
+        QString name, word1, word2, words;
         QWidget* field;
+        qsizetype failing = 0;
     } table[] = {
-        {QString(), QString(), QString(), 0, u"请先输入［类型名称］！"_s, w.ui->txtTypeName},
-        {u"a'"_s, QString(), QString(), 0, noWord, w.ui->cmbResult1},
-        {u"a'"_s, u"优"_s, QString(), 0, noWord, w.ui->cmbResult2},
-        {u"a'"_s, u"优"_s, u"优"_s, 0, quote, w.ui->txtTypeName},
-        {u"沟通"_s, u"优"_s, u"优"_s, 0, childTaken, w.ui->txtTypeName},
-        {u"责任心"_s, u"优"_s, u"优'"_s, 0, u"增加失败，请稍后重试！"_s, w.ui->txtTypeName},
-        {u"责任心"_s, u"优"_s, u"优"_s, 3, u"增加失败，请稍后重试！"_s, w.ui->txtTypeName},
+        {{}, {}, {}, noName, w.ui->txtTypeName},
+        {u"a'"_s, {}, {}, noWord, w.ui->cmbResult1},
+        {u"a'"_s, u"优"_s, {}, noWord, w.ui->cmbResult2},
+        {u"a'"_s, u"优"_s, u"优"_s, quote, w.ui->txtTypeName},
+        {u"沟通"_s, u"优"_s, u"优"_s, childTaken, w.ui->txtTypeName},
+        {u"责任心"_s, u"优"_s, u"优'"_s, failed, w.ui->txtTypeName},
+        {u"责任心"_s, u"优"_s, u"优"_s, failed, w.ui->txtTypeName, 3},
     };
     for (const auto& row : table) {
         retype(w.ui->txtTypeName, row.name);
         w.ui->cmbResult1->setText(row.word1);
         w.ui->cmbResult2->setText(row.word2);
-        script_.expect(vbOK, row.words);
-        statementsOf([&] { click(w.ui->Command1); }, row.failing);
-        EXPECT_EQ(focused(), row.field) << row.words.toStdString();
+        refuse(w, row.words, row.field, row.failing);
     }
     // The note keeps to its limit, what came last gives way, and Enter leaves it.
     w.ui->txtNote->setText(QString(499, u'n'));
@@ -105,17 +104,15 @@ TEST_F(TypeEditors, SubtypeIsRefusedInOrderAndThenAdded) {
 TEST_F(TypeEditors, EditOfASubtypeEndsAtItsMainType) {
     cnnPublic.Execute(u"update TestingType set TestingResult1='甲', WriteDate='2010-9-5' where TypeCode='001'"_s);
     frmTypeChild& w = open<frmTypeChild>(u"001002"_s, false);
-    EXPECT_EQ(w.ui->txtTypeName->text() + w.ui->cmbResult1->text(), u"职业素养甲"_s);
+    EXPECT_EQ(w.ui->txtTypeName->text() + w.ui->cmbResult1->text() + w.ui->dtpWriteDate->text(),
+              u"职业素养甲2010-09-05"_s);
     EXPECT_EQ(w.ui->txtTypeCode->text() + w.TypeCodeOf, u"001003001"_s);
-    EXPECT_EQ(w.ui->dtpWriteDate->text(), u"2010-09-05"_s);
     EXPECT_EQ(w.ui->dtpAuditingDate->date(), QDate::currentDate());
     w.ui->cmbResult2->setText(u"乙"_s);
     retype(w.ui->txtTypeName, u"诚信"_s);
-    script_.expect(vbOK, childTaken);
-    click(w.ui->Command1);
+    refuse(w, childTaken, w.ui->txtTypeName);
     retype(w.ui->txtTypeName, u"素养"_s);
-    script_.expect(vbOK, u"修改失败，请稍后重试！"_s);
-    statementsOf([&] { click(w.ui->Command1); }, 5);
+    refuse(w, u"修改失败，请稍后重试！"_s, w.ui->txtTypeName, 5);
     click(w.ui->Command1);
     EXPECT_FALSE(w.isLoaded());
     EXPECT_EQ(rowsOf(u"select TestingType from TestingType where TypeCode in ('001','001002') order by TypeCode"_s),
