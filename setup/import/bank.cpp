@@ -19,8 +19,6 @@ namespace {
 constexpr int mostMainTypes = 9;
 constexpr int mostSubtypes = 999;
 constexpr qsizetype mostWords = 4;
-constexpr int mainCodeLength = 3;
-constexpr int subtypeCodeLength = 6;
 // The client holds keys in 16 bits.
 constexpr int greatestKey = std::numeric_limits<qint16>::max();
 
@@ -108,7 +106,7 @@ void BankPlan::loadSubtypes(BankMainType& mainType) {
         if (type->NowCode.size() != subtypeCodeLength) {
             continue;
         }
-        mainType.highestSubtype = std::max(mainType.highestSubtype, type->NowCode.sliced(mainCodeLength).toInt());
+        mainType.highestSubtype = std::max(mainType.highestSubtype, type->NowCode.sliced(mainTypeCodeLength).toInt());
         auto& subtype = mainType.subtypes[comparable(type->Name)];
         if (subtype.code.isEmpty()) {
             subtype.code = type->NowCode;

@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int mainCodeLength = 3;
-
 using Words = std::array<QString, testingTypeWords.size()>;
 
 QString mainTypeInsert(const QString& name, const QString& code) {
@@ -93,7 +91,7 @@ Status cTestingType::AddNew(const QString& kind, const QString& parentCode, cons
         const QString sameName = u"Select Count(*) from testingType where TestingType='"_s + name + u"' and "_s;
         const QString sameLevel =
             isMain ? u"len(TypeCode)=3"_s
-                   : u"left(TypeCode,3)='"_s + code.left(mainCodeLength) + u"' and len(TypeCode)=6"_s;
+                   : u"left(TypeCode,3)='"_s + code.left(mainTypeCodeLength) + u"' and len(TypeCode)=6"_s;
         // Only a single namesake counts: a name that stands twice is no longer taken.
         if (countOf(sameName + sameLevel) == 1) {
             return Status::Taken;
@@ -117,7 +115,7 @@ Status cTestingType::Update(const QString& code, const QString& name) const {
 }
 
 Status cTestingType::Delete(const QString& code) {
-    const bool isMain = code.size() == mainCodeLength;
+    const bool isMain = code.size() == mainTypeCodeLength;
     ResumeNext steps;
     qint32 dependants = 0;
     steps([&] {

@@ -10,6 +10,10 @@
 
 namespace talvora {
 
+/// The length of a type's code tells its level, and nothing else does.
+inline constexpr qsizetype mainTypeCodeLength = 3;
+inline constexpr qsizetype subtypeCodeLength = 6;
+
 /// A test type: a main type when its code has three characters, a subtype when it has six.
 struct cTestingType {
     QString AddType;  ///< a kind word; kept for its setter's sake, nothing reads it

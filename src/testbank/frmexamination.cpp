@@ -72,12 +72,11 @@ QString frmExamination::typeCodeOf(int entry) const {
 // Only the words of the subtype can be chosen, so that a paper has none of its own. A change of the subtype empties
 // the choices made before.
 void frmExamination::cmbTestingType_Click() {
-    constexpr qsizetype mainCodeLength = 3;
     for (const auto& band : bandFields()) {
         band.word->Clear();
     }
     const QString code = typeCodeOf(ui->cmbTestingType->ListIndex());
-    if (code.size() == mainCodeLength) {
+    if (code.size() == mainTypeCodeLength) {
         return;
     }
     cTestingTypes types;

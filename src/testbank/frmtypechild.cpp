@@ -9,12 +9,6 @@ namespace talvora {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr qsizetype mainCodeLength = 3;
-
-}  // namespace
-
 std::array<ComboBox*, testingTypeWords.size()> frmTypeChild::wordFields() const {
     return {ui->cmbResult1, ui->cmbResult2, ui->cmbResult3, ui->cmbResult4};
 }
@@ -42,7 +36,7 @@ void frmTypeChild::fillMainTypes() {
         ui->cmbType->AddItem(mainType->Name, toInt32(mainType->NowCode));
     }
     for (int entry = 0; entry < ui->cmbType->ListCount(); ++entry) {
-        if (ui->cmbType->ItemData(entry) == leadingNumber(TypeCodeOf.left(mainCodeLength))) {
+        if (ui->cmbType->ItemData(entry) == leadingNumber(TypeCodeOf.left(mainTypeCodeLength))) {
             ui->cmbType->setListIndex(entry);
         }
     }
@@ -51,7 +45,7 @@ void frmTypeChild::fillMainTypes() {
 void frmTypeChild::cmbType_Click() {
     const QString mainCode = u"00"_s + QString::number(ui->cmbType->ItemData());
     ui->txtTypeCode->setText(NewTypeCode(u"child"_s, mainCode));
-    TypeCodeOf = ui->txtTypeCode->text().left(mainCodeLength);
+    TypeCodeOf = ui->txtTypeCode->text().left(mainTypeCodeLength);
 }
 
 void frmTypeChild::InitializeForm() {
@@ -116,7 +110,7 @@ void frmTypeChild::Command1_Click() {
         return;
     }
     const QString name = ui->txtTypeName->text();
-    const Status status = AddMode ? record().AddNew(u"child"_s, TypeCodeOf.left(mainCodeLength), name)
+    const Status status = AddMode ? record().AddNew(u"child"_s, TypeCodeOf.left(mainTypeCodeLength), name)
                                   : record().Update(TypeCodeOf, name);
     if (status == Status::Taken) {
         warn(u"［测评子类］重复，请重新输入！"_s, ui->txtTypeName);

@@ -5,6 +5,7 @@
 #include "results/ctesting.h"
 #include "results/ctestingdetail.h"
 #include "testbank/cexamination.h"
+#include "testbank/ctestingtype.h"
 #include "toolkit/theme.h"
 #include "workbench/list_rows.h"
 
@@ -13,8 +14,6 @@ namespace talvora {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr qsizetype subtypeLength = 6;
 
 bool hasRow(const FlexGrid& list) {
     return list.Row() >= list.FixedRows();
@@ -32,7 +31,7 @@ void fillQuestions(const FlexGrid& list, FlexGrid& detail) {
         return;
     }
     // A type that its neighbours in the list leave without a node has nothing behind its code.
-    const QString paper = dropLeft(list.TextMatrix(list.Row(), 0), subtypeLength);
+    const QString paper = dropLeft(list.TextMatrix(list.Row(), 0), subtypeCodeLength);
     if (paper.isEmpty()) {
         return;
     }
@@ -59,7 +58,7 @@ void addPart(FlexGrid& detail, const cTesting& part) {
             detail.setRowOutlineLevel(row, 2);
             detail.setCellBackColor(cells, theme::Workspace);
             break;
-        case subtypeLength:
+        case subtypeCodeLength:
             detail.setRowOutlineLevel(row, 3);
             detail.setCellBackColor(cells, PaleYellow);
             break;

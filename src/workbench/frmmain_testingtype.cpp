@@ -18,15 +18,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype mainTypeLength = 3;
-constexpr qsizetype subtypeLength = 6;
-
 QString codeOf(const FlexGrid& list, int row) {
     return row > 0 ? list.TextMatrix(row, 0) : QString();
 }
 
 qint16 paperOf(const QString& code) {
-    return toInt16(dropLeft(code, subtypeLength));
+    return toInt16(dropLeft(code, subtypeCodeLength));
 }
 
 template <class Dialog>
@@ -37,8 +34,14 @@ void openToAdd(const frmMain& main) {
     refill(main);
 }
 
+// An added main type is told no code: one left from an edit would begin the first code of an emptied bank.
+void addMainType(const frmMain& main) {
+    frmTypeParent::Default().TypeCodeOf.clear();
+    openToAdd<frmTypeParent>(main);
+}
+
 void addSubtype(const frmMain& main, int row) {
-    frmTypeChild::Default().TypeCodeOf = codeOf(*main.ui->fg, row).left(mainTypeLength);
+    frmTypeChild::Default().TypeCodeOf = codeOf(*main.ui->fg, row).left(mainTypeCodeLength);
     openToAdd<frmTypeChild>(main);
 }
 
@@ -63,9 +66,9 @@ void edit(const frmMain& main, int row) {
     if (row == 0) {
         return;
     }
-    if (code.size() == mainTypeLength) {
+    if (code.size() == mainTypeCodeLength) {
         editType<frmTypeParent>(code);
-    } else if (code.size() == subtypeLength) {
+    } else if (code.size() == subtypeCodeLength) {
         editType<frmTypeChild>(code);
     } else {
         editPaper(paperOf(code));
@@ -90,7 +93,7 @@ void deleteTypeOrPaper(FlexGrid& list, int row) {
         return;
     }
     const QString code = codeOf(list, row);
-    if (code.size() == mainTypeLength || code.size() == subtypeLength) {
+    if (code.size() == mainTypeCodeLength || code.size() == subtypeCodeLength) {
         if (!deleteType(code)) {
             return;
         }
@@ -118,7 +121,7 @@ void showLevels(const frmMain& main, int shown) {
 void frmMain::tbrTestingType_ButtonClick(const QString& key) {
     const int row = chosenRow(*ui->fg);
     if (key == "type1"_L1) {
-        openToAdd<frmTypeParent>(*this);
+        addMainType(*this);
     } else if (key == "type2"_L1) {
         addSubtype(*this, row);
     } else if (key == "type3"_L1) {

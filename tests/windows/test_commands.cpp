@@ -93,6 +93,7 @@ TEST_F(Commands, DialogsGuardsAndQuestions) {
         {u"position"_s, u"type1"_s, 2, u"add 001001 beside"_s, 5, 2},
         {u"position"_s, u"type1"_s, 0, u"add  beside"_s, 5, 0},
         {u"testingtype"_s, u"edit"_s, 6, u"edit 002"_s, 12, 0},
+        {u"testingtype"_s, u"type1"_s, 6, u"add "_s, 12, 0},
         {u"testingtype"_s, u"edit"_s, 8, u"edit 3"_s, 12, 0},
         {u"testingtype"_s, u"type3"_s, 1, u"add 3"_s, 12, 0},
         {u"testingtype"_s, u"type2"_s, 8, u"add 002"_s, 12, 0},
