@@ -84,6 +84,10 @@ class ScreenPrompter : public Prompter {
         }
         const auto preset = static_cast<std::size_t>((style & DefaultMask) / vbDefaultButton2);
         box.setDefaultButton(buttons[preset < buttons.size() ? preset : 0].button);
+        // A question of yes and no has no way out: Escape and the close box give its preset answer, not always no.
+        if ((style & ButtonsMask) == vbYesNo) {
+            box.setEscapeButton(box.defaultButton());
+        }
         const int pressed = box.exec();
         for (const Button& button : buttons) {
             if (button.button == pressed) {

@@ -65,7 +65,7 @@ TEST_F(BoxTest, StylesGiveButtonsAndDefault) {
         {48, {ok}, ok, Qt::Key_Return, vbOK},
         {64, {ok}, ok, Qt::Key_Escape, vbOK},
         {292, {yes, no}, no, Qt::Key_Return, vbNo},
-        {36, {yes, no}, yes, Qt::Key_Return, vbYes},
+        {36, {yes, no}, yes, Qt::Key_Escape, vbYes},
         {292, {yes, no}, no, Qt::Key_Y, vbYes},
         {1, {ok, cancel}, ok, Qt::Key_Escape, vbCancel},
         {3 + 512, {yes, no, cancel}, cancel, Qt::Key_Return, vbCancel},
