@@ -1,7 +1,6 @@
 #include "platform/sheet_layout.h"
 
 #include <algorithm>
-#include <cstring>
 #include <numeric>
 
 namespace talvora {
@@ -36,6 +35,8 @@ TextMeasure measure(const char* text, int size, int breakAt = MaxSheetColumn * M
     constexpr int standardSize = 11;
     TextMeasure result;
     int line = 0;
+    const int narrow = NarrowWidth * size / standardSize;
+    const int wide = WideWidth * size / standardSize;
     for (; *text != '\0'; ++text) {
         const auto byte = static_cast<unsigned char>(*text);
         if (byte == '\n') {
@@ -46,7 +47,7 @@ TextMeasure measure(const char* text, int size, int breakAt = MaxSheetColumn * M
         if (byte >= firstFollowing && byte < firstLead) {
             continue;
         }
-        const int step = (byte >= firstWideLead ? WideWidth : NarrowWidth) * size / standardSize;
+        const int step = byte >= firstWideLead ? wide : narrow;
         if (line + step > breakAt) {
             ++result.lines;
             line = 0;
@@ -57,23 +58,31 @@ TextMeasure measure(const char* text, int size, int breakAt = MaxSheetColumn * M
     return result;
 }
 
-int textWidth(const Workbook& workbook, int row, int column) {
-    int width = 0;
-    if (const char* text = workbook.utf8(row, column)) {
-        width = measure(text, workbook.format(row, column).size).width;
-    } else if (workbook.number(row, column)) {
-        width = static_cast<int>(workbook.text(row, column).size()) * NarrowWidth;
-    }
-    // Digits of some fonts are a fraction of a pixel wider.
+// What a text of this width takes in a cell. Digits of some fonts are a fraction of a pixel wider.
+int roomFor(int width) {
     constexpr int fraction = 24;
     return width > 0 ? width + width / fraction + 2 * SheetLayout::CellPadding : 0;
+}
+
+TextMeasure measureCell(const Workbook& workbook, int row, int column) {
+    const Cell& cell = workbook.cell(row, column);
+    switch (cell.kind) {
+        case Cell::Kind::Text:
+            return measure(cell.text, cell.format.size);
+        case Cell::Kind::Number:
+            return {static_cast<int>(workbook.text(row, column).size()) * NarrowWidth, 1};
+        case Cell::Kind::Empty:
+            break;
+    }
+    return {};
 }
 
 }  // namespace
 
 SheetLayout::SheetLayout(const Workbook& workbook)
     : widths_(static_cast<std::size_t>(workbook.columns()), DefaultWidth),
-      heights_(static_cast<std::size_t>(workbook.rows()), DefaultHeight) {
+      heights_(static_cast<std::size_t>(workbook.rows()), DefaultHeight),
+      mayBreak_(static_cast<std::size_t>(workbook.columns()), false) {
     fitColumns(workbook);
     fitRows(workbook);
 }
@@ -82,11 +91,13 @@ void SheetLayout::fitColumns(const Workbook& workbook) {
     std::vector<int> natural(widths_.size(), 0);
     for (int row = 1; row <= workbook.rows(); ++row) {
         for (int column = 1; column <= workbook.columns(); ++column) {
-            if (!workbook.format(row, column).boxed) {
+            if (!workbook.cell(row, column).format.boxed) {
                 continue;
             }
-            const int width = textWidth(workbook, row, column);
-            if (width > natural[static_cast<std::size_t>(column - 1)]) {
+            const auto at = static_cast<std::size_t>(column - 1);
+            const TextMeasure text = measureCell(workbook, row, column);
+            mayBreak_[at] = mayBreak_[at] || text.lines > 1;
+            if (const int width = roomFor(text.width); width > natural[at]) {
                 // A text over several columns asks each for its share.
                 const CellRange cells = workbook.mergeAt(row, column);
                 const int columns = cells.column2 - cells.column + 1;
@@ -97,6 +108,10 @@ void SheetLayout::fitColumns(const Workbook& workbook) {
             }
         }
     }
+    shareWidth(natural);
+}
+
+void SheetLayout::shareWidth(const std::vector<int>& natural) {
     int limit = MaxWidth + WidthStep;
     int sum = 0;
     do {
@@ -107,21 +122,24 @@ void SheetLayout::fitColumns(const Workbook& workbook) {
             sum += widths_[at];
         }
     } while (sum > BearableWidth && limit > GivingWidth);
+    for (std::size_t at = 0; at < natural.size(); ++at) {
+        mayBreak_[at] = mayBreak_[at] || natural[at] > widths_[at];
+    }
 }
 
 void SheetLayout::fitRows(const Workbook& workbook) {
     for (int row = 1; row <= workbook.rows(); ++row) {
         int& height = heights_[static_cast<std::size_t>(row - 1)];
         for (int column = 1; column <= workbook.columns(); ++column) {
-            if (workbook.isEmpty(row, column)) {
+            const Cell& cell = workbook.cell(row, column);
+            if (cell.kind == Cell::Kind::Empty) {
                 continue;
             }
-            const int size = workbook.format(row, column).size;
             constexpr int pixelsForPoint = 2;
-            height = std::max(height, size * pixelsForPoint - 2);
+            height = std::max(height, cell.format.size * pixelsForPoint - 2);
             if (wraps(workbook, row, column)) {
                 const int room = widthOf(workbook.mergeAt(row, column)) - 2 * CellPadding - NarrowWidth;
-                const int lines = measure(workbook.utf8(row, column), size, room).lines;
+                const int lines = measure(cell.text, cell.format.size, room).lines;
                 height = std::clamp(lines * LineHeight, height, MaxHeight);
             }
         }
@@ -151,17 +169,16 @@ int SheetLayout::heightOf(const CellRange& cells) const {
 }
 
 bool SheetLayout::wraps(const Workbook& workbook, int row, int column) const {
-    const char* text = workbook.utf8(row, column);
-    if (!text || !workbook.format(row, column).boxed) {
+    const auto at = static_cast<std::size_t>(column - 1);
+    if (at >= mayBreak_.size() || !mayBreak_[at]) {
         return false;
     }
-    // Most texts are seen to fit without being measured: a wide character takes three bytes.
-    const auto bytes = static_cast<int>(qstrlen(text));
-    if (bytes * NarrowWidth * 2 < columnWidth(column) && !std::memchr(text, '\n', static_cast<std::size_t>(bytes))) {
+    const Cell& cell = workbook.cell(row, column);
+    if (cell.kind != Cell::Kind::Text || !cell.format.boxed) {
         return false;
     }
-    return textWidth(workbook, row, column) > widthOf(workbook.mergeAt(row, column)) ||
-           QByteArrayView(text).contains('\n');
+    const TextMeasure text = measure(cell.text, cell.format.size);
+    return text.lines > 1 || roomFor(text.width) > widthOf(workbook.mergeAt(row, column));
 }
 
 SheetPaper sheetPaper(const SheetLayout& layout) {

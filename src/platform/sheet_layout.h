@@ -28,10 +28,14 @@ class SheetLayout {
 
  private:
     void fitColumns(const Workbook& workbook);
+    void shareWidth(const std::vector<int>& natural);
     void fitRows(const Workbook& workbook);
 
     std::vector<int> widths_;
     std::vector<int> heights_;
+    // Columns in which a text is wider than its place or has several lines; the texts of the others need no second
+    // look.
+    std::vector<char> mayBreak_;
 };
 
 /// The rows of one page, and the row that stands above them once more (0 for none).

@@ -70,14 +70,14 @@ void Workbook::SetCell(int row, int column, const QString& value) {
     }
     Cell& cell = at(row, column);
     cell.format.text = forced;
-    cell.kind = text.isEmpty() ? Kind::Empty : Kind::Text;
+    cell.kind = text.isEmpty() ? Cell::Kind::Empty : Cell::Kind::Text;
     cell.text = text.isEmpty() ? nullptr : texts_.add(text);
 }
 
 void Workbook::SetCell(int row, int column, double value) {
     Cell& cell = at(row, column);
     cell.format.text = false;
-    cell.kind = Kind::Number;
+    cell.kind = Cell::Kind::Number;
     cell.number = value;
 }
 
@@ -143,36 +143,30 @@ void Workbook::Merge() {
 }
 
 QString Workbook::text(int row, int column) const {
-    const Cell* cell = find(row, column);
-    if (!cell || cell->kind == Kind::Empty) {
-        return {};
+    const Cell& shown = cell(row, column);
+    switch (shown.kind) {
+        case Cell::Kind::Text:
+            return QString::fromUtf8(shown.text);
+        case Cell::Kind::Number:
+            return numberText(shown.number);
+        case Cell::Kind::Empty:
+            break;
     }
-    return cell->kind == Kind::Text ? QString::fromUtf8(cell->text) : numberText(cell->number);
+    return {};
 }
 
 const char* Workbook::utf8(int row, int column) const {
-    const Cell* cell = find(row, column);
-    return cell && cell->kind == Kind::Text ? cell->text : nullptr;
+    const Cell& shown = cell(row, column);
+    return shown.kind == Cell::Kind::Text ? shown.text : nullptr;
 }
 
 std::optional<double> Workbook::number(int row, int column) const {
-    const Cell* cell = find(row, column);
-    return cell && cell->kind == Kind::Number ? std::optional(cell->number) : std::nullopt;
-}
-
-bool Workbook::isEmpty(int row, int column) const {
-    const Cell* cell = find(row, column);
-    return !cell || cell->kind == Kind::Empty;
-}
-
-CellFormat Workbook::format(int row, int column) const {
-    const Cell* cell = find(row, column);
-    return cell ? cell->format : CellFormat();
+    const Cell& shown = cell(row, column);
+    return shown.kind == Cell::Kind::Number ? std::optional(shown.number) : std::nullopt;
 }
 
 CellRange Workbook::mergeAt(int row, int column) const {
-    const Cell* cell = find(row, column);
-    if (cell && cell->merged) {
+    if (cell(row, column).merged) {
         const auto touching = mergesOfRow_.constFind(row);
         for (const int number : *touching) {
             const CellRange& merge = merges_[static_cast<std::size_t>(number)];
@@ -184,7 +178,7 @@ CellRange Workbook::mergeAt(int row, int column) const {
     return {row, column, row, column};
 }
 
-Workbook::Cell& Workbook::at(int row, int column) {
+Cell& Workbook::at(int row, int column) {
     if (row < 1 || row > MaxSheetRow || column < 1 || column > MaxSheetColumn) {
         refuse(u"工作表没有第 %1 行第 %2 列的单元格"_s.arg(row).arg(column));
     }
@@ -202,13 +196,14 @@ Workbook::Cell& Workbook::at(int row, int column) {
     return cells[count - 1];
 }
 
-const Workbook::Cell* Workbook::find(int row, int column) const {
+const Cell& Workbook::cell(int row, int column) const {
+    static const Cell nothing;
     if (row < 1 || row > rows()) {
-        return nullptr;
+        return nothing;
     }
     const auto& cells = rows_[static_cast<std::size_t>(row - 1)];
     const auto count = static_cast<std::size_t>(column);
-    return column >= 1 && count <= cells.size() ? &cells[count - 1] : nullptr;
+    return column >= 1 && count <= cells.size() ? cells[count - 1] : nothing;
 }
 
 }  // namespace talvora

@@ -31,6 +31,21 @@ struct CellFormat {
     bool left : 1 = false;    ///< texts and numbers alike; else texts stand left and numbers right
     bool middle : 1 = false;  ///< centred in height, else at the bottom
     bool text : 1 = false;    ///< what is typed into the cell stays text, as with a leading '
+
+    bool operator==(const CellFormat&) const = default;
+};
+
+/// A cell: a text in UTF-8, a number, or nothing.
+struct Cell {
+    enum class Kind : quint8 { Empty, Text, Number };
+
+    union {
+        const char* text = nullptr;
+        double number;
+    };
+    CellFormat format;
+    Kind kind = Kind::Empty;
+    bool merged = false;
 };
 
 /// Rows that belong together on a page, and the one among them that is repeated where they go on over a page.
@@ -80,13 +95,15 @@ class Workbook {
     /// The bytes of all texts, those that were written over included.
     qsizetype textBytes() const { return texts_.bytes(); }
 
-    /// What a cell shows; empty outside the sheet.
+    /// A plain empty cell outside the sheet. Stays in place until the sheet is written to.
+    const Cell& cell(int row, int column) const;
+    /// What a cell shows.
     QString text(int row, int column) const;
     /// The cell's text in UTF-8, nullptr when it holds a number or nothing.
     const char* utf8(int row, int column) const;
     std::optional<double> number(int row, int column) const;
-    bool isEmpty(int row, int column) const;
-    CellFormat format(int row, int column) const;
+    bool isEmpty(int row, int column) const { return cell(row, column).kind == Cell::Kind::Empty; }
+    CellFormat format(int row, int column) const { return cell(row, column).format; }
 
     const std::vector<CellRange>& merges() const { return merges_; }
     /// The merged cell that covers this one, or the cell itself.
@@ -96,19 +113,7 @@ class Workbook {
     const std::vector<RowBlock>& blocks() const { return blocks_; }
 
  private:
-    enum class Kind : quint8 { Empty, Text, Number };
-    struct Cell {
-        union {
-            const char* text = nullptr;
-            double number;
-        };
-        CellFormat format;
-        Kind kind = Kind::Empty;
-        bool merged = false;
-    };
-
     Cell& at(int row, int column);
-    const Cell* find(int row, int column) const;
     template <class Change>
     void changeSelected(Change change);
 

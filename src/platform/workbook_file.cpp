@@ -13,8 +13,6 @@
 #include <xlsxwriter.h>
 
 #include <algorithm>
-#include <array>
-#include <bit>
 
 namespace talvora {
 
@@ -24,7 +22,6 @@ namespace {
 
 constexpr int CannotWrite = 75;
 constexpr lxw_color_t Grey = 0xC0C0C0;
-constexpr quint8 StandardSize = 11;
 
 [[noreturn]] void fail(const QString& path, const QString& reason) {
     throw RuntimeError(CannotWrite, u"不能保存文件“%1”：%2"_s.arg(QDir::toNativeSeparators(path), reason));
@@ -37,34 +34,29 @@ class Formats {
 
     /// nullptr for the plain look.
     lxw_format* of(const CellFormat& look, bool wrapped) {
-        const quint32 key = std::bit_cast<quint16>(Packed{look.size, flags(look)}) * 2U + (wrapped ? 1U : 0U);
-        if (key == plain_) {
-            return nullptr;
-        }
         // Most cells look like the one before.
-        if (key != lastKey_) {
-            lxw_format*& format = known_[key];
-            if (!format) {
-                format = make(look, wrapped);
-            }
-            lastKey_ = key;
-            last_ = format;
+        if (look != look_ || wrapped != wrapped_) {
+            look_ = look;
+            wrapped_ = wrapped;
+            format_ = find(look, wrapped);
         }
-        return last_;
+        return format_;
     }
 
  private:
-    struct Packed {
-        quint8 size;
-        quint8 flags;
-    };
-    static quint8 flags(const CellFormat& look) {
-        const std::array bits{look.bold, look.shaded, look.boxed, look.left, look.middle, look.text};
-        quint8 packed = 0;
-        for (const bool bit : bits) {
-            packed = static_cast<quint8>(packed * 2 + (bit ? 1 : 0));
+    lxw_format* find(const CellFormat& look, bool wrapped) {
+        if (look == CellFormat() && !wrapped) {
+            return nullptr;
         }
-        return packed;
+        quint32 key = look.size;
+        for (const bool part : {look.bold, look.shaded, look.boxed, look.left, look.middle, look.text, wrapped}) {
+            key = key * 2 + (part ? 1 : 0);
+        }
+        lxw_format*& format = known_[key];
+        if (!format) {
+            format = make(look, wrapped);
+        }
+        return format;
     }
 
     lxw_format* make(const CellFormat& look, bool wrapped) {
@@ -98,9 +90,9 @@ class Formats {
 
     lxw_workbook* file_;
     QHash<quint32, lxw_format*> known_;
-    quint32 plain_ = std::bit_cast<quint16>(Packed{StandardSize, 0}) * 2U;
-    quint32 lastKey_ = plain_;
-    lxw_format* last_ = nullptr;
+    CellFormat look_;
+    bool wrapped_ = false;
+    lxw_format* format_ = nullptr;
 };
 
 /// Writes one workbook with the library. Row by row, which lets it keep no more than a row in memory, unless a merged
@@ -199,12 +191,19 @@ class Writer {
     }
 
     void writeCell(int row, int column) {
-        if (const char* text = workbook_.utf8(row, column)) {
-            worksheet_write_string(sheet_, rowAt(row), columnAt(column), text, formatOf(row, column));
-        } else if (const auto number = workbook_.number(row, column)) {
-            worksheet_write_number(sheet_, rowAt(row), columnAt(column), *number, formatOf(row, column));
-        } else if (lxw_format* format = formatOf(row, column)) {
-            worksheet_write_blank(sheet_, rowAt(row), columnAt(column), format);
+        const Cell& cell = workbook_.cell(row, column);
+        lxw_format* format = formatOf(row, column);
+        switch (cell.kind) {
+            case Cell::Kind::Text:
+                worksheet_write_string(sheet_, rowAt(row), columnAt(column), cell.text, format);
+                break;
+            case Cell::Kind::Number:
+                worksheet_write_number(sheet_, rowAt(row), columnAt(column), cell.number, format);
+                break;
+            case Cell::Kind::Empty:
+                // The library leaves out a blank without a format.
+                worksheet_write_blank(sheet_, rowAt(row), columnAt(column), format);
+                break;
         }
     }
 

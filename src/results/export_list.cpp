@@ -37,13 +37,17 @@ void ExportList(FlexGrid& grid, bool isPrint, const QString& title, QProgressBar
     constexpr int headerRow = 2;
     ExportSheet output(title, columns / 2, progressBar, rows - 1);
     int k = 0;
+    // The leading ' keeps texts of digits as they are.
+    QString forced = u"'"_s;
     for (int row = 0; row < rows; ++row) {
         output.setProgress(row);
         k = 0;
         for (int column = 0; column < columns; ++column) {
             if (!grid.ColHidden(column)) {
-                // The leading ' keeps texts of digits as they are.
-                output.write(row + headerRow, k + 1, [&] { return u'\'' + grid.TextMatrix(row, column); });
+                output.write(row + headerRow, k + 1, [&]() -> const QString& {
+                    forced.truncate(1);
+                    return forced += grid.TextMatrix(row, column);
+                });
                 ++k;
             }
         }
