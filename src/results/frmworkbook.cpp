@@ -109,9 +109,10 @@ void frmWorkbook::PrintPreview() {
 }
 
 void frmWorkbook::cmdSave_Click() {
-    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    const QString path =
-        saveFileName(u"保存工作簿"_s, documents.filePath(fileNameOf(Title)), u"Excel 工作簿 (*.xlsx)"_s);
+    // Not every desktop has made the folder for documents.
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QDir folder(QDir(documents).exists() ? documents : QDir::homePath());
+    const QString path = saveFileName(u"保存工作簿"_s, folder.filePath(fileNameOf(Title)), u"Excel 工作簿 (*.xlsx)"_s);
     if (!path.isEmpty() && save(*Sheet, path)) {
         window()->setWindowTitle(u"%1 - %2"_s.arg(Title, QDir::toNativeSeparators(path)));
     }
