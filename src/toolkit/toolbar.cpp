@@ -144,6 +144,10 @@ void ToolBar::pressButton(const QString& key) {
 // A menu opens by the arrow key, too, which is the only way by keyboard to that of a split button.
 bool ToolBar::eventFilter(QObject* watched, QEvent* event) {
     auto* source = qobject_cast<QToolButton*>(watched);
+    if (source && event->type() == QEvent::WindowDeactivate) {
+        // The mouse leaves unseen while the dialog of a command is open, and the button would stay lit.
+        source->setAttribute(Qt::WA_UnderMouse, false);
+    }
     if (source && source->menu() && event->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
         source->showMenu();
