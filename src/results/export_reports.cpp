@@ -44,8 +44,8 @@ void writeRow(ExportSheet& output, int row, int column, std::initializer_list<QS
     }
 }
 
-/// Runs `writeBlock(output, grid, gridRow, r)` for each record of the list, which gives the row after its block, and shows
-/// the sheet.
+/// Runs `writeBlock(output, grid, gridRow, r)` for each record of the list, which gives the row after its block, and
+/// shows the sheet.
 template <class WriteBlock>
 void exportBlocks(FlexGrid& grid, bool isPrint, const QString& title, int titleColumn, QProgressBar& progressBar,
                   bool onlySelected, WriteBlock writeBlock) {
