@@ -108,16 +108,16 @@ TEST_F(ModelEditor, WeighsWhatEachCommandIsToWeighAndSavesTheRestStale) {
 }
 
 TEST_F(ModelEditor, DeletingADimensionPassesOverTheRowThatMovesUp) {
-    const std::pair<QString, QString> cases[] = {{u"XA"_s, u"A"_s},      {u"AX"_s, u"A"_s},       {u"XX"_s, {}},
-                                                 {u"AXX"_s, u"A"_s},     {u"AXXX"_s, u"A"_s},     {u"XXA"_s, u"XA"_s},
-                                                 {u"XXXAB"_s, u"XAB"_s}, {u"AXXXXB"_s, u"AXXB"_s}};
+    const std::pair<QString, QString> cases[] = {{u"DA"_s, u"A"_s},      {u"AD"_s, u"A"_s},       {u"DD"_s, {}},
+                                                 {u"ADD"_s, u"A"_s},     {u"ADDD"_s, u"A"_s},     {u"DDA"_s, u"DA"_s},
+                                                 {u"DDDAB"_s, u"DAB"_s}, {u"ADDDDB"_s, u"ADDB"_s}};
     for (const auto& [before, after] : cases) {
         FlexGrid fg;
         solution::setUpGrid(fg);
         for (const QChar dimension : before) {
             fg.AddItem(QString(3, dimension) + u" "_s);
         }
-        solution::removeDimension(fg, u"XXX"_s);
+        solution::removeDimension(fg, u"DDD"_s);
         QString left;
         for (int row = solution::FirstRow; row < fg.Rows(); ++row) {
             left += fg.TextMatrix(row, 0).left(1);
