@@ -10,11 +10,15 @@ namespace {
 
 constexpr qsizetype BlockSize = 1 << 20;
 
+bool isNoText(QChar character) {
+    return character == u'\0' || character.unicode() >= 0xFFFE;
+}
+
 }  // namespace
 
 const char* TextStore::add(QStringView text) {
-    if (text.contains(u'\0')) {
-        return add(text.toString().remove(QChar(u'\0')));
+    if (std::any_of(text.begin(), text.end(), isNoText)) {
+        return add(text.toString().removeIf(isNoText));
     }
     const qsizetype room = encoder_.requiredSpace(text.size()) + 1;
     if (room > left_) {

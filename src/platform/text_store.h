@@ -11,7 +11,7 @@ namespace talvora {
 /// Keeps many short texts as UTF-8, each ended by a zero, in large blocks. What was stored stays until the store goes.
 class TextStore {
  public:
-    /// The stored text. Zero characters are left out.
+    /// The stored text, without the characters that no XML file bears: zero, U+FFFE and U+FFFF.
     const char* add(QStringView text);
 
     /// The bytes taken so far.
