@@ -151,7 +151,8 @@ int writeTest(ExportSheet& output, const FlexGrid& grid, int gridRow, int r) {
         }
     }
     output.format({first, 1, r - 1, testColumns}, &Workbook::Box);
-    output.sheet().KeepTogether({first, r - 1, headRow});
+    // A name that has remained goes with its block.
+    output.sheet().KeepTogether({first, output.sheet().isEmpty(r, 1) ? r - 1 : r, headRow});
     return r + 1;
 }
 
