@@ -71,7 +71,10 @@ QString temporaryPath(const QString& name) {
 frmWorkbook& frmWorkbook::Open(Workbook workbook, const QString& title) {
     releaseClosed();
     auto form = std::make_unique<frmWorkbook>();
-    form->Sheet = std::make_shared<const SheetPrinter>(std::move(workbook));
+    {
+        const BusyPointer busy;
+        form->Sheet = std::make_shared<const SheetPrinter>(std::move(workbook));
+    }
     form->Title = title;
     frmWorkbook& opened = *form;
     openWorkbooks().push_back(std::move(form));
