@@ -6,7 +6,7 @@ build_packages=(
     libsqlite3-dev unixodbc-dev libfontconfig-dev libxlsxwriter-dev
     fonts-noto-cjk
 )
-run_packages=(tdsodbc)
+run_packages=(qt6-translations-l10n tdsodbc)
 test_packages=(tdsodbc libsqliteodbc libgtest-dev libgmock-dev python3-openpyxl)
 check_packages=(clang-format-14 libasan8 libubsan1)
 bench_packages=(libbenchmark-dev)

@@ -35,12 +35,12 @@ class OwnWords : public QTranslator {
 }  // namespace
 
 void installTranslations(QCoreApplication& application) {
-    // The translator installed last is asked first.
-    QCoreApplication::installTranslator(new OwnWords(&application));
+    // The translator installed last is asked first: our own words are the same with and without Qt's.
     auto* installed = new QTranslator(&application);
     if (installed->load(u"qtbase_zh_CN"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QCoreApplication::installTranslator(installed);
     }
+    QCoreApplication::installTranslator(new OwnWords(&application));
 }
 
 }  // namespace talvora

@@ -4,8 +4,8 @@ class QCoreApplication;
 
 namespace talvora {
 
-/// Puts the toolkit's own words (buttons, the menu of a text field) into Chinese: from its translation where that is
-/// installed, otherwise from the few words that the program can show.
+/// Puts the toolkit's own words into Chinese: buttons and the menu of a text field by the program's own words, the file
+/// and print dialogs by Qt's translation where that is installed.
 void installTranslations(QCoreApplication& application);
 
 }  // namespace talvora
