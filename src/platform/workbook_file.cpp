@@ -8,11 +8,12 @@
 #include <QFile>
 #include <QHash>
 #include <QSaveFile>
-#include <QStorageInfo>
 #include <QTemporaryDir>
 #include <xlsxwriter.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace talvora {
 
@@ -222,7 +223,10 @@ bool hasRoom(const Workbook& workbook, const QString& folder) {
     constexpr qint64 markupOfCell = 64;
     const qint64 cells = qint64{workbook.rows()} * workbook.columns();
     constexpr qint64 copies = 2;
-    return QStorageInfo(folder).bytesAvailable() > copies * (workbook.textBytes() + cells * markupOfCell);
+    // Asked of the folder itself: in a container the table of mounts may not hold it. An unknown room is room enough.
+    std::error_code unknown;
+    const auto space = std::filesystem::space(folder.toStdU16String(), unknown);
+    return unknown || space.available > static_cast<quint64>(copies * (workbook.textBytes() + cells * markupOfCell));
 }
 
 }  // namespace
