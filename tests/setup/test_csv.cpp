@@ -3,14 +3,12 @@
 
 #include <gtest/gtest.h>
 
-namespace talvora {
+namespace talvora::test {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 // The records as one text: line number, cells parted by "|", records by line breaks (written ¶ inside a cell).
-QString told(const std::vector<CsvRecord>& records) {
+static QString told(const std::vector<CsvRecord>& records) {
     QStringList lines;
     for (const auto& record : records) {
         lines.append(QString::number(record.line) + u':' + record.cells.join(u'|').replace(u'\n', u'¶'));
@@ -18,23 +16,18 @@ QString told(const std::vector<CsvRecord>& records) {
     return lines.join(u'\n');
 }
 
-struct CsvCase {
-    QString text;
-    QString records;
-    QStringList faults;
-};
-
 TEST(Csv, CutsRecordsAsSpreadsheetProgramsWriteThem) {
-    const std::vector<CsvCase> cases{
+    struct Case {
+        QString text;
+        QString records;
+        QStringList faults;
+    };
+    const Case cases[] = {
         {u""_s, u""_s, {}},
         {u"a,b\nc,d"_s, u"1:a|b\n2:c|d"_s, {}},
-        {u"a,b\n"_s, u"1:a|b"_s, {}},
         {u"a,,\n"_s, u"1:a||"_s, {}},
-        {u",a"_s, u"1:|a"_s, {}},
-        {u"\"a,b\",c"_s, u"1:a,b|c"_s, {}},
-        {u"\"a\nb\",c\nd,e"_s, u"1:a¶b|c\n3:d|e"_s, {}},
+        {u"\"a,\nb\",c\nd,e"_s, u"1:a,¶b|c\n3:d|e"_s, {}},
         {u"\"say \"\"hi\"\"\",c"_s, u"1:say \"hi\"|c"_s, {}},
-        {u"\"\",\"\"\"\""_s, u"1:|\""_s, {}},
         {u"5\" disk,c"_s, u"1:5\" disk|c"_s, {}},
         {u"a\n\n , \n\nb"_s, u"1:a\n5:b"_s, {}},
         {u"\"a\" ,b"_s, u"1:a|b"_s, {}},
@@ -50,43 +43,26 @@ TEST(Csv, CutsRecordsAsSpreadsheetProgramsWriteThem) {
 }
 
 TEST(Csv, TellsTheSeparatorByTheHeader) {
-    EXPECT_EQ(csvSeparator(u"a,b;c,d"_s), u',');
     EXPECT_EQ(csvSeparator(u"a;b;c\n1,2,3,4,5"_s), u';');
     EXPECT_EQ(csvSeparator(u"a\tb\tc"_s), u'\t');
     EXPECT_EQ(csvSeparator(u"\"a;b;c;d\",e"_s), u',');
     EXPECT_EQ(csvSeparator(u"alone"_s), u',');
 }
 
-struct EncodingCase {
-    const char* name;
-    QByteArray content;
-    QString text;
-    QStringList faults;
-};
-
-TEST(ImportText, ReadsWhatSpreadsheetProgramsSave) {
-    const QByteArray gbk("\xcc\xe2\xc4\xbf");  // 题目
-    const QByteArray utf8("\xe9\xa2\x98\xe7\x9b\xae");
-    const auto neither = u"第 2 行：含有既不是 UTF-8 也不是 GBK 编码的字符！"_s;
+// What is read well, the import's tests tell.
+TEST(ImportText, RefusesOtherEncodingsWithTheirLine) {
     const auto utf16 = u"不支持 UTF-16 编码或二进制文件，请另存为“CSV UTF-8”格式！"_s;
-    const auto workbook = u"这是电子表格文件，不是 CSV 文件，请在电子表格程序中另存为 CSV 格式！"_s;
-    const std::vector<EncodingCase> cases{
-        {"UTF-8", utf8 + ",a\r\n" + utf8, u"题目,a\n题目"_s, {}},
-        {"UTF-8 with mark", "\xef\xbb\xbf" + utf8, u"题目"_s, {}},
-        {"GBK", gbk + "\r\n" + gbk + '\n', u"题目\n题目\n"_s, {}},
-        {"old line ends", "a\rb", u"a\nb"_s, {}},
-        {"empty", "", u""_s, {}},
-        {"GBK behind a mark", "\xef\xbb\xbf\n" + gbk, u""_s, {u"第 2 行：含有不是 UTF-8 编码的字符！"_s}},
-        {"half a character", "a\n\xd6\nb", u""_s, {neither}},
-        {"no character", "a\n\xff\nb", u""_s, {neither}},
-        {"UTF-16 with mark", QByteArray("\xff\xfe\n\0", 4), u""_s, {utf16}},
-        {"UTF-16 without", QByteArray("a\0b\0", 4), u""_s, {utf16}},
-        {"a workbook", "PK\x03\x04zip", u""_s, {workbook}},
+    const std::pair<QByteArray, QString> cases[] = {
+        {"\xef\xbb\xbf\n\xcc\xe2\xc4\xbf", u"第 2 行：含有不是 UTF-8 编码的字符！"_s},
+        {"a\n\xd6\nb", u"第 2 行：含有既不是 UTF-8 也不是 GBK 编码的字符！"_s},
+        {QByteArray("\xff\xfe\n\0", 4), utf16},
+        {QByteArray("a\0b\0", 4), utf16},
+        {"PK\x03\x04zip", u"这是电子表格文件，不是 CSV 文件，请在电子表格程序中另存为 CSV 格式！"_s},
     };
-    for (const auto& tested : cases) {
+    for (const auto& [content, fault] : cases) {
         ImportFaults faults;
-        EXPECT_EQ(fileText(tested.content, faults), tested.text) << tested.name;
-        EXPECT_EQ(faultLines(faults), tested.faults) << tested.name;
+        EXPECT_EQ(fileText(content, faults), QString());
+        EXPECT_EQ(faultLines(faults), QStringList(fault)) << content.toHex().data();
     }
 }
 
@@ -95,6 +71,4 @@ TEST(ImportFaultLines, AreSortedAndEndWithACount) {
               (QStringList{u"a"_s, u"第 2 行：b"_s, u"……此外还有 2 处错误。"_s}));
 }
 
-}  // namespace
-
-}  // namespace talvora
+}  // namespace talvora::test

@@ -10,11 +10,9 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-namespace talvora {
+namespace talvora::test {
 
 using namespace Qt::StringLiterals;
-
-namespace {
 
 // The real program in a folder of its own, where it writes its connection file.
 class SetupTool : public ::testing::Test {
@@ -25,11 +23,8 @@ class SetupTool : public ::testing::Test {
         QString err;
     };
 
-    void SetUp() override {
-        ASSERT_TRUE(QFile::copy(QStringLiteral(TALVORA_SETUP_TOOL), path(toolName())));
-        ASSERT_TRUE(QFile::setPermissions(path(toolName()), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-    }
-    void TearDown() override { cnnPublic.Close(); }
+    SetupTool() { EXPECT_TRUE(QFile::copy(QStringLiteral(TALVORA_SETUP_TOOL), path(toolName()))); }
+    ~SetupTool() override { cnnPublic.Close(); }
 
     static QString toolName() { return QFileInfo(QStringLiteral(TALVORA_SETUP_TOOL)).fileName(); }
     QString path(const QString& name) const { return QDir(folder_.path()).filePath(name); }
@@ -49,6 +44,18 @@ class SetupTool : public ::testing::Test {
         EXPECT_EQ(tool.exitStatus(), QProcess::NormalExit);
         return {tool.exitCode(), QString::fromUtf8(tool.readAllStandardOutput()),
                 QString::fromUtf8(tool.readAllStandardError())};
+    }
+
+    /// What the tool says, on both its ways, when it succeeds.
+    QString expectSuccess(const QStringList& arguments, const QString& input = {}) {
+        const Outcome outcome = run(arguments, input);
+        EXPECT_EQ(outcome.code, 0) << qPrintable(outcome.out + outcome.err);
+        return outcome.out + outcome.err;
+    }
+    void expectFailure(const QStringList& arguments, const QString& input, const QString& words) {
+        const Outcome outcome = run(arguments, input);
+        EXPECT_EQ(outcome.code, 1);
+        EXPECT_TRUE(outcome.err.contains(words)) << qPrintable(outcome.err);
     }
 
     static void expectOwnersOnly(const QString& file) {
@@ -74,10 +81,8 @@ TEST_F(SetupTool, WritesAConnectionWithChineseTextThatTheClientReads) {
     EXPECT_EQ(outcome.code, 1);
     EXPECT_TRUE(outcome.err.contains(u"连接不成功："_s)) << qPrintable(outcome.err);
     const auto read = readConnectionFile(connectionFile());
-    EXPECT_EQ(read.server, u"127.0.0.1,1"_s);
-    EXPECT_EQ(read.database, u"人事测评库"_s);
-    EXPECT_EQ(read.login, u"测评管理员"_s);
-    EXPECT_EQ(read.password, u"密码 ;}='Ａz1"_s);
+    EXPECT_EQ(QStringList({read.server, read.database, read.login, read.password}).join(u'|'),
+              u"127.0.0.1,1|人事测评库|测评管理员|密码 ;}='Ａz1"_s);
     expectOwnersOnly(connectionFile());
     EXPECT_FALSE((outcome.out + outcome.err).contains(u"}='"_s));
 }
@@ -98,41 +103,25 @@ TEST_F(SetupTool, RefusesAWrongCommandLineAndDoesNothing) {
 
 TEST_F(SetupTool, TellsThatThereIsNoConnectionYet) {
     for (const auto& verb : {u"install"_s, u"check"_s, u"sample"_s}) {
-        const auto outcome = run({verb}, u"admin"_s);
-        EXPECT_EQ(outcome.code, 1);
-        EXPECT_TRUE(outcome.err.contains(u"尚未配置数据库连接"_s)) << qPrintable(outcome.err);
+        expectFailure({verb}, u"admin"_s, u"尚未配置数据库连接"_s);
     }
     write(connectionFileName(), "spoilt");
-    const auto outcome = run({u"check"_s});
-    EXPECT_EQ(outcome.code, 1);
-    EXPECT_TRUE(outcome.err.contains(u"已损坏"_s)) << qPrintable(outcome.err);
+    expectFailure({u"check"_s}, {}, u"已损坏"_s);
 }
 
 TEST_F(SetupTool, InstallsAnEmbeddedDatabaseOnceChecksItAndImports) {
-    const auto connected = run({u"connect"_s, u"--embedded"_s, u"试验.db"_s});
-    EXPECT_EQ(connected.code, 0) << qPrintable(connected.err);
-    EXPECT_TRUE(connected.out.contains(u"install"_s));
+    EXPECT_TRUE(expectSuccess({u"connect"_s, u"--embedded"_s, u"试验.db"_s}).contains(u"install"_s));
     EXPECT_EQ(run({u"check"_s}).code, 1);
     EXPECT_EQ(run({u"install"_s}).code, 1);
     EXPECT_FALSE(QFile::exists(path(u"试验.db"_s)));
-    const auto installed = run({u"install"_s}, u"初始密码"_s);
-    EXPECT_EQ(installed.code, 0) << qPrintable(installed.err);
-    EXPECT_FALSE((installed.out + installed.err).contains(u"初始密码"_s));
+    EXPECT_FALSE(expectSuccess({u"install"_s}, u"初始密码"_s).contains(u"初始密码"_s));
     expectOwnersOnly(path(u"试验.db"_s));
-    const auto checked = run({u"check"_s});
-    EXPECT_EQ(checked.code, 0) << qPrintable(checked.out + checked.err);
-    const auto again = run({u"install"_s}, u"other"_s);
-    EXPECT_EQ(again.code, 1);
-    EXPECT_TRUE(again.err.contains(u"数据库不是空的"_s)) << qPrintable(again.err);
+    expectSuccess({u"check"_s});
+    expectFailure({u"install"_s}, u"other"_s, u"数据库不是空的"_s);
 
-    const auto refused = run({u"import"_s, write(u"坏.csv"_s, test::Sheet(u"2 题目=|3 分数A=10"_s).utf8())});
-    EXPECT_EQ(refused.code, 1);
-    EXPECT_TRUE(
-        refused.err.contains(u"有 2 处错误，没有导入任何内容：\n第 3 行：请输入［题目］！\n第 4 行：［分数A］"_s))
-        << qPrintable(refused.err);
-    const auto imported = run({u"import"_s, write(u"好.csv"_s, test::Sheet().utf8())});
-    EXPECT_EQ(imported.code, 0) << qPrintable(imported.err);
-    EXPECT_TRUE(imported.out.contains(u"试卷 1 份、试题 3 道"_s)) << qPrintable(imported.out);
+    expectFailure({u"import"_s, write(u"坏.csv"_s, Sheet(u"2 题目=|3 分数A=10"_s).utf8())}, {},
+                  u"有 2 处错误，没有导入任何内容：\n第 3 行：请输入［题目］！\n第 4 行：［分数A］"_s);
+    EXPECT_TRUE(expectSuccess({u"import"_s, write(u"好.csv"_s, Sheet().utf8())}).contains(u"试卷 1 份、试题 3 道"_s));
     EXPECT_EQ(run({u"import"_s, path(u"none.csv"_s)}).code, 1);
 
     auto connection = readConnectionFile(connectionFile());
@@ -142,6 +131,4 @@ TEST_F(SetupTool, InstallsAnEmbeddedDatabaseOnceChecksItAndImports) {
     EXPECT_TRUE(cUsers::IsExistUser(u"admin"_s, u"初始密码"_s));
 }
 
-}  // namespace
-
-}  // namespace talvora
+}  // namespace talvora::test

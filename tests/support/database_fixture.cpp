@@ -26,32 +26,21 @@ void openEmbeddedDatabase() {
     install(cnnPublic, u"admin"_s);
 }
 
-/// The server has one database for all: one test process at a time may use it.
-void waitForServer() {
-    constexpr int milliseconds = 100'000;
+void openServerDatabase() {
+    // The server has one database for all: one test process at a time may use it.
     static QLockFile lock(QDir::temp().filePath(u"talvora-test-server.lock"_s));
     lock.setStaleLockTime(0);
-    if (!lock.isLocked() && !lock.tryLock(milliseconds)) {
-        throw RuntimeError(errors::InvalidCall, u"another test process holds the server's database"_s);
+    if (!lock.isLocked()) {
+        lock.lock();
     }
-}
-
-void openServerDatabase() {
-    waitForServer();
     open(qEnvironmentVariable(serverVariable));
     if (presentTables(cnnPublic).isEmpty()) {
-        install(cnnPublic, u"admin"_s);
-        return;
+        return install(cnnPublic, u"admin"_s);
     }
     for (const TableColumns& table : schemaTables()) {
         emptyTables({table.table});
     }
     installCatalogue(cnnPublic, u"admin"_s);
-}
-
-void closeDatabase() {
-    cnnPublic.setObserver({});
-    cnnPublic.Close();
 }
 
 }  // namespace
@@ -61,14 +50,13 @@ EmbeddedDatabase::EmbeddedDatabase() {
 }
 
 EmbeddedDatabase::~EmbeddedDatabase() {
-    closeDatabase();
+    cnnPublic.setObserver({});
+    cnnPublic.Close();
 }
 
 std::vector<Engine> engines() {
-    if (qEnvironmentVariableIsEmpty(serverVariable)) {
-        return {Engine::Embedded};
-    }
-    return {Engine::Embedded, Engine::Server};
+    const bool alone = qEnvironmentVariableIsEmpty(serverVariable);
+    return alone ? std::vector{Engine::Embedded} : std::vector{Engine::Embedded, Engine::Server};
 }
 
 std::string engineName(const ::testing::TestParamInfo<Engine>& info) {
@@ -76,15 +64,12 @@ std::string engineName(const ::testing::TestParamInfo<Engine>& info) {
 }
 
 void DatabaseTest::SetUp() {
-    if (GetParam() == Engine::Embedded) {
-        openEmbeddedDatabase();
-    } else {
-        openServerDatabase();
-    }
+    GetParam() == Engine::Embedded ? openEmbeddedDatabase() : openServerDatabase();
 }
 
 void DatabaseTest::TearDown() {
-    closeDatabase();
+    cnnPublic.setObserver({});
+    cnnPublic.Close();
 }
 
 QString rowsOf(const QString& statement) {

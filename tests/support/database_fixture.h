@@ -17,9 +17,8 @@ namespace talvora::test {
 class EmbeddedDatabase {
  public:
     EmbeddedDatabase();
-    EmbeddedDatabase(const EmbeddedDatabase&) = delete;
-    EmbeddedDatabase& operator=(const EmbeddedDatabase&) = delete;
     ~EmbeddedDatabase();
+    Q_DISABLE_COPY_MOVE(EmbeddedDatabase)
 };
 
 enum class Engine { Embedded, Server };
@@ -29,8 +28,7 @@ enum class Engine { Embedded, Server };
 std::vector<Engine> engines();
 std::string engineName(const ::testing::TestParamInfo<Engine>& info);
 
-/// The base of record tests: cnnPublic is open on a database with the tables and only the catalogue rows. On a server
-/// the keys that it generates go on from test to test.
+/// The base of record tests: cnnPublic is open on a database with the tables and only the catalogue rows.
 class DatabaseTest : public ::testing::TestWithParam<Engine> {
  protected:
     void SetUp() override;
@@ -54,8 +52,7 @@ QStringList statementsOf(Work&& work, qsizetype failing = 0) {
     cnnPublic.setObserver([&](const QString& statement) {
         sent += statement;
         if (sent.size() == failing) {
-            using namespace Qt::StringLiterals;
-            throw DatabaseError(50000, u"refused by the test"_s, u"HY000"_s);
+            throw DatabaseError(50000, QStringLiteral("refused by the test"), QStringLiteral("HY000"));
         }
     });
     work();

@@ -11,13 +11,8 @@
 namespace talvora::test {
 
 /// Answers the prompts of one scenario from a queue and keeps what was shown. A prompt that finds no answer, or one of
-/// another kind, fails the test and ends the program under test; so do answers left over at the end. Scripts nest: the
-/// innermost is asked.
-///
-///     PromptScript script;
-///     script.expect(vbYes);
-///     click(w.ui->cmdDelete);
-///     EXPECT_EQ(script.last().text, u"…"_s);
+/// another kind, fails the test and ends the program under test; answers left over at the end fail it. Scripts nest:
+/// the innermost is asked.
 class PromptScript : public Prompter {
  public:
     struct Shown {

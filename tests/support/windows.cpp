@@ -3,12 +3,9 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
-#include <QElapsedTimer>
 #include <QRadioButton>
 #include <QSet>
 #include <QTest>
-#include <QThread>
-#include <QTimer>
 
 #include <list>
 
@@ -16,12 +13,7 @@ namespace talvora::test {
 
 namespace {
 
-constexpr int PollMilliseconds = 2;
-constexpr int WatchMilliseconds = 200;
-constexpr int Patience = 15000;
-
-/// Runs the scripts of whenModal, each from the event loop of the modal window it is for, and watches that no modal
-/// window stays open with nobody to deal with it.
+/// Runs the scripts of whenModal, each from the event loop of the modal window it is for.
 class ModalDriver : public QObject {
  public:
     struct Pending {
@@ -46,32 +38,17 @@ class ModalDriver : public QObject {
             ADD_FAILURE() << "The window of the script for " << pending.name << " never came up";
         }
         pending_.clear();
-        served_.clear();
-    }
-
-    bool eventFilter(QObject* receiver, QEvent* event) override {
-        if (event->type() == QEvent::Hide) {
-            served_.remove(receiver);
-        } else if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) {
-            idle_.restart();
-        }
-        return false;
     }
 
  private:
-    ModalDriver() : QObject(qApp) {
-        qApp->installEventFilter(this);
-        idle_.start();
-        auto* watchdog = new QTimer(this);
-        connect(watchdog, &QTimer::timeout, this, &ModalDriver::watch);
-        watchdog->start(WatchMilliseconds);
-    }
+    ModalDriver() : QObject(qApp) {}
 
     // A chain of single shots and not one timer: a timer is not raised again while its own handler is under way, and
     // the scripts of nested windows run inside that of the outer one.
     void pollSoon() {
+        constexpr int milliseconds = 2;
         if (!pending_.empty()) {
-            QTimer::singleShot(PollMilliseconds, this, &ModalDriver::poll);
+            QTimer::singleShot(milliseconds, this, &ModalDriver::poll);
         }
     }
 
@@ -90,67 +67,46 @@ class ModalDriver : public QObject {
     }
 
     void run(const Pending& pending, Form& form) {
-        idle_.restart();
-        served_.insert(form.window());
+        const QWidget* window = form.window();
+        served_.insert(window);
         try {
             pending.script(form);
         } catch (const ProgramEnded&) {
-            return;
+            // The end of the program has dropped every window.
         } catch (const std::exception& error) {
             ADD_FAILURE() << "The script for " << pending.name << " threw: " << error.what();
             Form::dropAll();
         }
+        served_.remove(window);
         if (::testing::Test::HasFatalFailure()) {
             Form::dropAll();
         }
     }
 
-    // A test that waits in an event loop with nothing done for so long waits for ever, be the window there or gone.
-    void watch() {
-        if (QThread::currentThread()->loopLevel() == 0) {
-            idle_.restart();
-        }
-        if (idle_.elapsed() < Patience) {
-            return;
-        }
-        idle_.restart();
-        QWidget* modal = QApplication::activeModalWidget();
-        ADD_FAILURE() << "Nobody deals with the window \"" << (modal ? modal->windowTitle().toStdString() : "(none)")
-                      << '"';
-        if (modal) {
-            modal->hide();
-        }
-        Form::dropAll();
-    }
-
     std::list<Pending> pending_;
-    QSet<const QObject*> served_;  ///< windows whose script has begun, as long as they are up
-    QElapsedTimer idle_;           ///< since the test last did something
+    QSet<const QWidget*> served_;  ///< windows whose script is under way
 };
-
-// Where a user would hit a check box: on its mark, since the text may be shorter than the control.
-constexpr int MarkOffset = 10;
 
 bool reachable(const QWidget* widget) {
     const QWidget* modal = QApplication::activeModalWidget();
     return widget->isVisible() && widget->isEnabled() && (!modal || modal == widget->window());
 }
 
-QWidget* topWindow() {
-    if (QWidget* modal = QApplication::activeModalWidget()) {
-        return modal;
-    }
-    if (QWidget* active = QApplication::activeWindow()) {
-        return active;
-    }
-    return Form::loaded().empty() ? nullptr : Form::loaded().back()->window();
-}
-
 }  // namespace
 
 WindowTest::WindowTest() {
+    constexpr int milliseconds = 60'000;
     ModalDriver::instance();
     setProgramEnder([this](ProgramEnd end) { programEnds_.push_back(end); });
+    patience_.callOnTimeout([] {
+        QWidget* modal = QApplication::activeModalWidget();
+        ADD_FAILURE() << "Nobody deals with the window \"" << (modal ? qPrintable(modal->windowTitle()) : "") << '"';
+        if (modal) {
+            modal->hide();
+        }
+        Form::dropAll();
+    });
+    patience_.start(milliseconds);
 }
 
 WindowTest::~WindowTest() {
@@ -172,9 +128,10 @@ Form* detail::activeModal() {
 
 void click(QAbstractButton* button) {
     ASSERT_TRUE(reachable(button)) << button->objectName().toStdString() << " cannot be pressed";
+    // A user hits a check box on its mark, since the text may be shorter than the control.
     const bool marked = qobject_cast<QCheckBox*>(button) || qobject_cast<QRadioButton*>(button);
-    const QPoint place = marked ? QPoint(MarkOffset, button->height() / 2) : button->rect().center();
-    QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, place);
+    const QPoint centre = button->rect().center();
+    QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, marked ? QPoint(10, centre.y()) : centre);
 }
 
 void type(QWidget* field, const QString& text) {
@@ -202,7 +159,11 @@ QWidget* focused() {
     if (QWidget* widget = QApplication::focusWidget()) {
         return widget;
     }
-    QWidget* window = topWindow();
+    QWidget* modal = QApplication::activeModalWidget();
+    QWidget* window = modal ? modal : QApplication::activeWindow();
+    if (!window && !Form::loaded().empty()) {
+        window = Form::loaded().back()->window();
+    }
     return window && window->focusWidget() ? window->focusWidget() : window;
 }
 

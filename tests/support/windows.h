@@ -4,25 +4,24 @@
 #include "toolkit/form.h"
 
 #include <QString>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <ostream>
 #include <vector>
 
 class QAbstractButton;
 class QWidget;
 
-/// Has a failed comparison show a text as text. It stands where the type's own namespace is, which is how it is found.
+/// Has a failed comparison show a text as text.
 inline void PrintTo(const QString& text, std::ostream* out) {
     *out << '"' << text.toStdString() << '"';
 }
 
 namespace talvora::test {
 
-/// The base of window tests: fresh default forms for each test, none left behind, and the program's ends on record.
-/// The end of the program (see endProgram) does not leave the process here: it closes every window, and the ShowModal
-/// calls under way throw ProgramEnded.
+/// The base of window tests: fresh default forms for each test, none left behind. The end of the program does not leave
+/// the process here: it is put on record and closes every window, and the ShowModal calls under way throw ProgramEnded.
 class WindowTest : public ::testing::Test {
  protected:
     WindowTest();
@@ -32,6 +31,7 @@ class WindowTest : public ::testing::Test {
 
  private:
     std::vector<ProgramEnd> programEnds_;
+    QTimer patience_;  ///< closes what keeps the test in an event loop for too long, and fails it
 };
 
 namespace detail {
@@ -41,8 +41,7 @@ Form* activeModal();
 
 /// Runs `script` once a form of class F is up and is the innermost modal window. Give it before the call that shows the
 /// window; scripts of nested windows may be given at once or one inside the other. A script that fails fatally or
-/// throws closes every window, and so does a modal window that nobody deals with, so that a red test never hangs. A
-/// script whose window never came fails the test.
+/// throws closes every window; one whose window never came fails the test.
 template <class F>
 void whenModal(std::function<void(F&)> script) {
     detail::whenModal([]() -> Form* { return dynamic_cast<F*>(detail::activeModal()); },

