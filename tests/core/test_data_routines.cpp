@@ -39,32 +39,24 @@ TEST_P(DataRoutinesTest, NameExistsWithOneRowAndAnIdWithOneOrMore) {
     addQuery(u"本科"_s);
     EXPECT_FALSE(exists({})) << "two rows already share it";
     EXPECT_TRUE(exists(QString::number(id)));
-    cnnPublic.Execute(u"insert into UserRole (UserID,RoleID) values (3,70)"_s);
-    cnnPublic.Execute(u"insert into UserRole (UserID,RoleID) values (4,70)"_s);
+    cnnPublic.Execute(u"insert into UserRole (UserID,RoleID) values (3,70),(4,70)"_s);
     EXPECT_TRUE(IsExistID(u"UserRole"_s, u"RoleID"_s, 70));
     EXPECT_FALSE(IsExistID(u"UserRole"_s, u"RoleID"_s, 71));
 }
 
 TEST_P(DataRoutinesTest, TypeCodesRunOn) {
-    const QString cases[][4] = {
-        {{}, u"parent"_s, {}, u"001"_s},
-        {u"005 002 005007"_s, u"parent"_s, {}, u"006"_s},
-        {u"009"_s, u"parent"_s, {}, u"0010"_s},
-        {u"009 0010"_s, u"parent"_s, {}, u"0010"_s},
-        {{}, u"child"_s, {}, u"001001"_s},
-        {u"001 001004"_s, u"child"_s, {}, u"001005"_s},
-        {u"003007 004012"_s, u"child"_s, u"003"_s, u"003008"_s},
-        {u"001009"_s, u"child"_s, u"001"_s, u"001010"_s},
-        {u"001999"_s, u"child"_s, u"001"_s, u"002000"_s},
-        {u"010001"_s, u"child"_s, u"010"_s, u"0010002"_s},
-        {u"004012"_s, u"Parent"_s, u"004"_s, u"004013"_s},
-    };
-    for (const auto& [present, kind, parent, next] : cases) {
+    // The codes that are there, the kind of the new type, its parent and the code that it gets.
+    const QString cases =
+        u"|parent||001;005 002 005007|parent||006;009|parent||0010;009 0010|parent||0010;|child||001001;"
+        "001 001004|child||001005;003007 004012|child|003|003008;001999|child|001|002000;"
+        "010001|child|010|0010002;004012|Parent|004|004013"_s;
+    for (const QString& row : cases.split(u';')) {
+        const QStringList parts = row.split(u'|');
         cnnPublic.Execute(u"delete from TestingType"_s);
-        for (const QString& code : present.split(u' ', Qt::SkipEmptyParts)) {
+        for (const QString& code : parts[0].split(u' ', Qt::SkipEmptyParts)) {
             cnnPublic.Execute(u"insert into TestingType (TestingType,TypeCode) values ('x','%1')"_s.arg(code));
         }
-        EXPECT_EQ(NewTypeCode(kind, parent), next) << present.toStdString();
+        EXPECT_EQ(NewTypeCode(parts[1], parts[2]), parts[3]) << row.toStdString();
     }
 }
 

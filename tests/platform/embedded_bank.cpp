@@ -5,8 +5,7 @@
 
 #include <QFile>
 #include <QStringList>
-
-#include <stdexcept>
+#include <gtest/gtest.h>
 
 namespace talvora::test {
 
@@ -18,27 +17,21 @@ QString embeddedString(const QString& file) {
 
 EmbeddedBank::EmbeddedBank(const QString& file) {
     session.ConnectionString = embeddedString(file);
+    const bool isNew = !QFile::exists(file);
     createEmbedded(ConnectionParts::parse(session.ConnectionString));
     session.Open();
     QFile schema(QStringLiteral(TALVORA_SOURCE_DIR "/setup/schema.sql"));
-    if (!schema.open(QIODevice::ReadOnly)) {
-        throw std::runtime_error("the schema cannot be read");
-    }
-    QString batch;
-    for (const QString& line : QString::fromUtf8(schema.readAll()).split(u'\n')) {
-        if (line.trimmed() == "GO"_L1) {
-            session.Execute(batch);
-            batch.clear();
-        } else {
-            batch += line + u'\n';
-        }
+    EXPECT_TRUE(schema.open(QIODevice::ReadOnly));
+    const QStringList batches = QString::fromUtf8(schema.readAll()).split(u"\nGO\n"_s, Qt::SkipEmptyParts);
+    for (const QString& batch : isNew ? batches : QStringList()) {
+        session.Execute(batch);
     }
 }
 
 QString EmbeddedBank::run(const QString& statement) {
-    try {
+    QStringList lines;
+    const int error = test::errorOf([&] {
         const Recordset rows = session.Execute(statement);
-        QStringList lines;
         for (const Row row : rows) {
             QStringList cells;
             for (int i = 0; i < rows.FieldCount(); ++i) {
@@ -46,18 +39,17 @@ QString EmbeddedBank::run(const QString& statement) {
             }
             lines += cells.join(u'|');
         }
-        return lines.join(u'\n');
-    } catch (const DatabaseError& error) {
-        return u"error %1"_s.arg(error.number());
-    }
+    });
+    return error == 0 ? lines.join(u'\n') : u"error %1"_s.arg(error);
 }
 
-int EmbeddedBank::errorOf(const QString& statement) {
-    try {
-        session.Execute(statement);
-        return 0;
-    } catch (const DatabaseError& error) {
-        return error.number();
+void EmbeddedBank::walk(QString script, const QString& front) {
+    for (const QString& step : script.replace(u"\\\n"_s, u" "_s).replace(u';', u'\n').split(u'\n')) {
+        const QStringList parts = step.trimmed().split(u" -> "_s);
+        if (!parts.first().isEmpty()) {
+            EXPECT_EQ(run(front + parts.first()), parts.mid(1).join(u' ').replace(u" / "_s, u"\n"_s))
+                << qPrintable(step);
+        }
     }
 }
 
