@@ -2,8 +2,6 @@
 
 #include "toolkit/flexgrid.h"
 
-#include <QSet>
-
 namespace talvora::test {
 
 /// The rows of a grid as text, one a line: the level of an outline node or "-", the cells parted by "|" without empty
@@ -11,8 +9,7 @@ namespace talvora::test {
 inline QString listing(const FlexGrid& grid) {
     QString text;
     for (int row = 1; row < grid.Rows(); ++row) {
-        QStringList cells;
-        QSet<QString> colours;
+        QStringList cells, colours;
         for (int col = 0; col < grid.Cols(); ++col) {
             const QColor back = grid.CellBackColor(row, col);
             const QColor colour = back.isValid() ? back : grid.CellForeColor(row, col);
@@ -22,11 +19,11 @@ inline QString listing(const FlexGrid& grid) {
         while (cells.last().isEmpty()) {
             cells.removeLast();
         }
-        QStringList names(colours.cbegin(), colours.cend());
-        names.sort();
-        names.removeAll(names.size() == 1 ? QStringLiteral("none") : QString());
+        colours.sort();
+        colours.removeDuplicates();
+        const bool plain = colours == QStringList(QStringLiteral("none"));
         text += (grid.IsSubtotal(row) ? QString::number(grid.RowOutlineLevel(row)) : QStringLiteral("-")) + u' ' +
-                cells.join(u'|') + (names.isEmpty() ? QString() : u' ' + names.join(u' ')) + u'\n';
+                cells.join(u'|') + (plain ? QString() : u' ' + colours.join(u' ')) + u'\n';
     }
     return text.trimmed();
 }

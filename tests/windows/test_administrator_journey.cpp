@@ -5,7 +5,6 @@
 #include "models/frmsolution.h"
 #include "models/importance.h"
 #include "organisation/frmposition.h"
-#include "platform/moment.h"
 #include "testbank/frmexamination.h"
 #include "testbank/frmquestion.h"
 #include "testbank/frmtypechild.h"
@@ -15,7 +14,6 @@
 #include "workbench/frmmain.h"
 
 #include <QAbstractButton>
-#include <QTest>
 #include <QToolButton>
 
 namespace talvora::test {
@@ -32,15 +30,6 @@ class AdministratorJourney : public WindowTest {
     }
     ~AdministratorJourney() override { strCurrentUser.clear(); }
 
-    /// Clicks the module's node in the tree.
-    void open(const QString& module) {
-        ModuleTree* tree = main.ui->tvTreeView;
-        int number = 1;
-        while (tree->Tag(number) != module) {
-            ++number;
-        }
-        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(&tree->Node(number)).center());
-    }
     /// Presses a toolbar's button, with a script for the window that it opens.
     template <class F>
     static void press(ToolBar* bar, const QString& key, std::function<void(F&)> script) {
@@ -87,14 +76,7 @@ class AdministratorJourney : public WindowTest {
             click(w.ui->Command1);
         });
     }
-    static void addElement(frmSolution& w, const QString& entry, int importance) {
-        press<frmElements>(w.ui->Toolbar1, u"add2"_s, [&](frmElements& dialog) {
-            EXPECT_EQ(dialog.ui->cmbType->text(), u"001 职业素养"_s);
-            choose(dialog.ui->cmbElements, entry);
-            choose(dialog.ui->cmbImportant, importanceEntries()[importance]);
-            click(dialog.ui->Command1);
-        });
-    }
+    /// A model of one dimension with two elements, whose importances score 1.5 and 7.5.
     void addModel() {
         press<frmSolution>(main.ui->tbrSolution, u"add"_s, [](frmSolution& w) {
             type(w.ui->txtSolution, u"销售经理模型"_s);
@@ -103,28 +85,32 @@ class AdministratorJourney : public WindowTest {
                 choose(dialog.ui->cmbImportant, importanceEntries()[1]);
                 click(dialog.ui->Command1);
             });
-            addElement(w, u"001001 责任心"_s, 0);
-            addElement(w, u"001002 诚信"_s, 3);
+            for (const auto& [entry, importance] : {std::pair(u"001001 责任心"_s, 0), {u"001002 诚信"_s, 3}}) {
+                press<frmElements>(w.ui->Toolbar1, u"add2"_s, [&](frmElements& dialog) {
+                    EXPECT_EQ(dialog.ui->cmbType->text(), u"001 职业素养"_s);
+                    choose(dialog.ui->cmbElements, entry);
+                    choose(dialog.ui->cmbImportant, importanceEntries()[importance]);
+                    click(dialog.ui->Command1);
+                });
+            }
             click(w.ui->Command1);
         });
     }
-    void testCandidate(const std::function<void(frmTesting&)>& readReport) {
+    void testCandidate() {
         press<frmTesting>(main.ui->tbrTesting, u"add"_s, [&](frmTesting& w) {
             fill({{w.ui->txtID, rightNumber}, {w.ui->txtName, u"张三"_s}, {w.ui->txtAge, u"28"_s}});
             choose(w.ui->cmbEducation, u"本科"_s);
             choose(w.ui->cmbPosition, u"销售经理"_s);
             choose(w.ui->cmbSalary, u"4000~6000"_s);
             choose(w.ui->cmbTypeName, u"|-销售经理模型"_s);
-            whenModal<frmModel>([](frmModel& dialog) {
-                EXPECT_EQ(listing(*dialog.ui->fg1), u"1 001|职业素养\n- 001001|责任心|ZR-1\n- 001002|诚信|CX-1"_s);
-                click(dialog.ui->cmdOK);
-            });
+            whenModal<frmModel>([](frmModel& dialog) { click(dialog.ui->cmdOK); });
             click(w.ui->cmdStart);
             EXPECT_EQ(w.ui->lblTime->text(), u"20"_s) << "ten minutes a paper";
             answer(w.ui->fg1, 1, u'B');
             answer(w.ui->fg1, 2, u'C');
             click(w.ui->cmdSubmit);
-            readReport(w);
+            EXPECT_TRUE(
+                w.ui->txtTestingResult->toPlainText().endsWith(u"职业素养\t9\t\n责任心\t8\t一般\n诚信\t9\t优秀\n"_s));
             click(w.ui->cmdClose);
         });
     }
@@ -137,10 +123,9 @@ class AdministratorJourney : public WindowTest {
     frmMain& main = frmMain::Default();
 };
 
-// The elements' scores are 1.5 and 7.5, which makes weights of 16.67% and 83.33%. The answers score 8 and 9, the model
-// 8 x .1667 + 9 x .8333 = 8.8333, which is shown as 9.
+// The answers score 8 and 9, the model 8 x .1667 + 9 x .8333 = 8.8333, which is shown as 9.
 TEST_F(AdministratorJourney, FromEmptyTablesToTheScoresOfAModel) {
-    open(u"testingtype"_s);
+    main.ui->mnuTestingType->trigger();
     press<frmTypeParent>(main.ui->tbrTestingType, u"type1"_s, [](frmTypeParent& w) {
         type(w.ui->txtName, u"职业素养"_s);
         click(w.ui->Command1);
@@ -151,32 +136,22 @@ TEST_F(AdministratorJourney, FromEmptyTablesToTheScoresOfAModel) {
     addPaper(u" |-责任心"_s, u"ZR-1"_s, {u"2"_s, u"8"_s});
     addPaper(u" |-诚信"_s, u"CX-1"_s, {u"1"_s, u"4"_s, u"9"_s});
     EXPECT_EQ(main.ui->fg->TextMatrix(3, 1) + main.ui->fg->TextMatrix(5, 1), u"  ZR-1  CX-1"_s);
-    open(u"position"_s);
+    main.ui->mnuPosition->trigger();
     press<frmPosition>(main.ui->tbrPosition, u"type1"_s, [](frmPosition& w) {
         fill({{w.ui->txtName, u"销售经理"_s}, {w.ui->txtPeoples, u"3"_s}});
         click(w.ui->cmdOK);
     });
     EXPECT_EQ(listing(*main.ui->fg), u"1 001|销售经理|3"_s);
-    open(u"solution"_s);
+    main.ui->mnuSolution->trigger();
     addModel();
     EXPECT_EQ(rowsOf(u"select TypeCode, Score, Weighing from TestingSolutionDetail"_s),
               u"001|3.5|1\n001001|1.5|0.1667\n001002|7.5|0.8333"_s);
-    open(u"testing"_s);
-    testCandidate([](frmTesting& w) {
-        QStringList report = w.ui->txtTestingResult->toPlainText().split(u'\n');
-        report.removeAt(1);
-        EXPECT_EQ(report, (QStringList{u"姓    名：张三"_s, u"测评类型：销售经理模型"_s, u"测评得分：9"_s,
-                                       u"测评结果："_s, QString(66, u'-'), u"测评要素\t测评分数\t测评结果"_s,
-                                       u"职业素养\t9\t"_s, u"责任心\t8\t一般"_s, u"诚信\t9\t优秀"_s, QString()}));
-    });
+    main.ui->mnuTesting->trigger();
+    testCandidate();
     EXPECT_EQ(rowsOf(u"select TypeCode, TypeName, SolutionID, ExamQuestions, FactQuestions, Score, "
                      "TestingResult from TestingResult where TestingNumber = 1 order by TypeCode"_s),
               u"null|销售经理模型|1|null|null|8.8333|null\n001|职业素养|1|0|null|8.8333|null\n"
               "001001|责任心|1|1|1|8|一般\n001002|诚信|1|1|1|9|优秀"_s);
-    const QString moment = main.ui->fg->TextMatrix(1, 9);
-    EXPECT_LE(qAbs(toMoment(moment).secsTo(presentMoment())), 5);
-    EXPECT_EQ(listing(*main.ui->fg), u"- 1|1|张三|男|28|"_s + rightNumber + u"|本科|销售经理|4000~6000|"_s + moment +
-                                         u"|销售经理模型|1.00|0|0|9 #ffffc0"_s);
     click(main.ui->tbrTesting->button(u"detail"_s));
     EXPECT_EQ(listing(*main.ui->fgDetail),
               u"1 销售经理模型|||||||9\n2 职业素养|||||||9 #d3d8e0\n3 责任心|||||||8 #ffffc0\n"

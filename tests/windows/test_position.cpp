@@ -1,10 +1,20 @@
 #include "organisation/frmposition.h"
+#include "organisation/post_prefix.h"
 #include "windows/journey_bank.h"
 
 namespace talvora::test {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+TEST(PostPrefixes, ShowTheDepthDownToTheFifthLevel) {
+    PostPrefixes prefixes;
+    QString shown;
+    for (const int depth : {1, 2, 3, 5, 6, 2, 7, 1}) {  // what is too deep keeps the prefix of the one before
+        shown += prefixes.of(u"001"_s.repeated(depth)) + u' ';
+    }
+    EXPECT_EQ(shown, u" |- ||- ||||- ||||- |- |-  "_s);
+}
 
 class PositionDialog : public JourneyTest {
  protected:
@@ -48,15 +58,14 @@ TEST_F(PositionDialog, RefusesAndReports) {
     const QString before = rowsOf(u"select * from Position"_s);
     const QString noNumber = u"［编制人数］只能输入数字类型！"_s;
     const struct {
-        bool add;
+        bool add, stays;
         QString name, peoples, words;
-        bool stays;
     } table[] = {
-        {true, {}, u"x"_s, u"［职位名称］不能为空！"_s, true},
-        {true, u"新"_s, u" "_s, noNumber, true},
-        {true, u"新"_s, u"1E9"_s, noNumber, true},  // more than a head count holds
-        {true, u"o'"_s, u"1"_s, u"发生异常错误，增加不成功！"_s, false},
-        {false, u"销售专员"_s, u"1"_s, u"发生异常错误，修改不成功！"_s, false},
+        {true, true, {}, u"x"_s, u"［职位名称］不能为空！"_s},
+        {true, true, u"新"_s, u" "_s, noNumber},
+        {true, true, u"新"_s, u"1E9"_s, noNumber},  // more than a head count holds
+        {true, false, u"o'"_s, u"1"_s, u"发生异常错误，增加不成功！"_s},
+        {false, false, u"销售专员"_s, u"1"_s, u"发生异常错误，修改不成功！"_s},
     };
     for (const auto& row : table) {
         SCOPED_TRACE(row.words.toStdString());

@@ -16,22 +16,20 @@ class QuestionDialog : public WindowTest {
 
     QLineEdit* field(const QString& name) { return dialog.window()->findChild<QLineEdit*>(u"txt"_s + name); }
 
-    /// The answers' fields: their texts, "-" for one that is off; then what was handed back.
+    /// The texts of the answers' fields, "-" for one that is off.
     QString shown() {
         QString texts;
         for (const QChar letter : u"ABCDE"_s) {
-            const auto *answer = field(u"Answer"_s + letter), *score = field(u"Score"_s + letter);
+            const QLineEdit *answer = field(u"Answer"_s + letter), *score = field(u"Score"_s + letter);
             texts += answer->isEnabled() && score->isEnabled() ? answer->text() + score->text() + u',' : u"-"_s;
         }
         return texts;
     }
     QString handedBack() {
-        const cQuestion& question = *dialog.Questions.Item(1);
-        QString parts = QString::number(question.QuestionID) + question.QuestionName;
-        for (std::size_t i = 0; i < questionAnswers.size(); ++i) {
-            parts += u'|' + question.*questionAnswers[i] + QString::number(question.*questionScores[i]);
-        }
-        return parts;
+        const cQuestion& q = *dialog.Questions.Item(1);
+        return u"%1 %2 %3"_s.arg(q.QuestionID)
+                   .arg(q.QuestionName, QStringList{q.Answer1, q.Answer2, q.Answer3, q.Answer4, q.Answer5}.join(u'|')) +
+               u" %1%2%3%4%5"_s.arg(q.Score1).arg(q.Score2).arg(q.Score3).arg(q.Score4).arg(q.Score5);
     }
 
     frmQuestion& dialog = frmQuestion::Default();
@@ -41,14 +39,11 @@ TEST_F(QuestionDialog, ChecksInTheirOrder) {
     const QString numeric = u"［分数］只能为数字型！"_s;
     const auto both = [](QChar which) { return u"请输入［答案%1］及其分数！"_s.arg(which); };
     // Each row breaks one more field, and its refusal comes before those of the rows above.
-    const struct {
-        QString field, text, words, focus;
-    } table[] = {
+    const QString table[][4] = {
         {u"ScoreE"_s, u"x"_s, numeric, u"ScoreE"_s},
         {u"AnswerE"_s, u" "_s, both(u'E'), u"AnswerE"_s},
         {u"ScoreC"_s, u"+"_s, numeric, u"ScoreC"_s},
         {u"ScoreC"_s, {}, both(u'C'), u"AnswerC"_s},
-        {u"ScoreB"_s, u"x"_s, numeric, u"ScoreB"_s},
         {u"ScoreA"_s, u"x"_s, numeric, u"ScoreA"_s},
         {u"ScoreB"_s, u" "_s, both(u'B'), u"AnswerB"_s},
         {u"AnswerA"_s, u"  "_s, both(u'A'), u"AnswerA"_s},
@@ -64,14 +59,14 @@ TEST_F(QuestionDialog, ChecksInTheirOrder) {
         type(focused(), u"12"_s);  // of which one digit fits
         EXPECT_EQ(field(u"Score"_s + answer)->text(), u"1"_s);
     }
-    for (const auto& row : table) {
-        SCOPED_TRACE((row.field + row.text).toStdString());
-        retype(field(row.field), row.text);
+    for (const auto& [broken, text, words, focus] : table) {
+        SCOPED_TRACE((broken + text).toStdString());
+        retype(field(broken), text);
         PromptScript script;
-        script.expect(vbOK, row.words);
+        script.expect(vbOK, words);
         click(dialog.ui->Command1);
         EXPECT_EQ(script.last().style, vbExclamation);
-        EXPECT_EQ(focused(), field(row.focus));
+        EXPECT_EQ(focused(), field(focus));
         EXPECT_EQ(dialog.Questions.Count(), 0);
     }
 }
@@ -84,21 +79,20 @@ TEST_F(QuestionDialog, HandsTheQuestionBack) {
     }
     click(dialog.ui->Command1);
     ASSERT_FALSE(dialog.isLoaded());
-    const QString added = u"0Ｅ|Ｅ9|Ｅ9|0|0|0"_s;
-    EXPECT_EQ(handedBack(), added);
     open(true, 3);
     press(Qt::Key_Escape);
-    EXPECT_EQ(handedBack(), added) << "closing leaves the earlier question";
+    cQuestion& question = *dialog.Questions.Item(1);
+    EXPECT_EQ(handedBack(), u"0 Ｅ Ｅ|Ｅ||| 99000"_s) << "closing leaves the earlier question";
 
-    dialog.Questions.Item(1)->QuestionID = 7;
-    dialog.Questions.Item(1)->Answer4 = u"丁"_s;
-    dialog.Questions.Item(1)->Answer5 = u"戊"_s;
+    question.QuestionID = 7;
+    question.Answer4 = u"丁"_s;
+    question.Answer5 = u"戊"_s;
     open(false, 4);
     EXPECT_EQ(shown(), u"Ｅ9,Ｅ9,0,丁0,-"_s);
     retype(field(u"QuestionName"_s), u" "_s);
     retype(field(u"AnswerC"_s), u" 丙"_s);
     click(dialog.ui->Command1);
-    EXPECT_EQ(handedBack(), u"7 |Ｅ9|Ｅ9| 丙0|丁0|0"_s) << "a switched-off field is empty";
+    EXPECT_EQ(handedBack(), u"7   Ｅ|Ｅ| 丙|丁| 99000"_s) << "a switched-off field is empty";
 }
 
 }  // namespace
