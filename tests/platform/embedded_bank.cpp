@@ -47,8 +47,8 @@ void EmbeddedBank::walk(QString script, const QString& front) {
     for (const QString& step : script.replace(u"\\\n"_s, u" "_s).replace(u';', u'\n').split(u'\n')) {
         const QStringList parts = step.trimmed().split(u" -> "_s);
         if (!parts.first().isEmpty()) {
-            EXPECT_EQ(run(front + parts.first()), parts.mid(1).join(u' ').replace(u" / "_s, u"\n"_s))
-                << qPrintable(step);
+            const QString gave = run(front + parts.first());
+            EXPECT_EQ(gave, parts.value(1).replace(u" / "_s, u"\n"_s)) << qPrintable(step + u"\ngave "_s + gave);
         }
     }
 }
