@@ -4,29 +4,14 @@
 #include "core/mdlpublic.h"
 #include "platform/numbers.h"
 
-#include <algorithm>
-
 namespace talvora::test {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int letters = 5;
-
 QString questionName(int number) {
     return u"题%1"_s.arg(number);
-}
-
-void addQuestion(int examination, int number, int answers) {
-    QString columns;
-    QString values;
-    for (int i = 1; i <= answers; ++i) {
-        columns += u",Answer%1,Score%1"_s.arg(i);
-        values += u",'答%1',%1"_s.arg(i);
-    }
-    cnnPublic.Execute(u"insert into ExaminationQuestion (ExaminationID,QuestionName%1) values (%2,'%3'%4)"_s.arg(
-        columns, QString::number(examination), questionName(number), values));
 }
 
 }  // namespace
@@ -35,27 +20,33 @@ int addPaper(const PaperPlan& plan) {
     QString columns;
     QString values;
     for (int i = 1; i <= plan.bands.size(); ++i) {
+        const QString& band = plan.bands[i - 1];
         columns += u",ScoreScope%1,DescScope%1"_s.arg(i);
-        values +=
-            u",'"_s + plan.bands[i - 1].section(u' ', 0, 0) + u"','"_s + plan.bands[i - 1].section(u' ', 1) + u"'"_s;
+        values += u",'%1','%2'"_s.arg(band.section(u' ', 0, 0), band.section(u' ', 1));
     }
     cnnPublic.Execute(u"insert into Examination (TypeCode,ExaminationNum,AnswerAmount%1) values ('%2','1',%3%4)"_s.arg(
         columns, plan.typeCode, QString::number(plan.answers), values));
     const int examination = GetNewID(u"Examination"_s, u"ExaminationID"_s) - 1;
+    columns.clear();
+    values.clear();
+    for (int i = 1; i <= plan.answers; ++i) {
+        columns += u",Answer%1,Score%1"_s.arg(i);
+        values += u",'答%1',%1"_s.arg(i);
+    }
     for (int number = 1; number <= plan.questions; ++number) {
-        addQuestion(examination, number, std::min(plan.answers, letters));
+        cnnPublic.Execute(u"insert into ExaminationQuestion (ExaminationID,QuestionName%1) values (%2,'%3'%4)"_s.arg(
+            columns, QString::number(examination), questionName(number), values));
     }
     return examination;
 }
 
-int addModel(const QString& name, const QString& version, const std::vector<LinePlan>& lines) {
-    cnnPublic.Execute(u"insert into TestingSolution (SolutionName,Version) values ('%1','%2')"_s.arg(name, version));
+int addModel(const QString& name, const QStringList& lines) {
+    cnnPublic.Execute(u"insert into TestingSolution (SolutionName,Version) values ('%1','1.20')"_s.arg(name));
     const int solution = GetNewID(u"TestingSolution"_s, u"SolutionID"_s) - 1;
-    for (const auto& line : lines) {
+    for (const QString& line : lines) {
         cnnPublic.Execute(
-            u"insert into TestingSolutionDetail (SolutionID,TypeCode,TypeName,Score,Weighing) "
-            "values (%1,'%2','%3',1,%4)"_s.arg(QString::number(solution), line.typeCode, line.typeName,
-                                               QString::number(line.weighing)));
+            u"insert into TestingSolutionDetail (SolutionID,TypeCode,Score,Weighing) values (%1,'%2',1,%3)"_s.arg(
+                QString::number(solution), line.section(u' ', 0, 0), line.section(u' ', 1)));
     }
     return solution;
 }
@@ -94,6 +85,13 @@ Status submit(const cTesting& test, bool isModel, const std::vector<SheetPlan>& 
         }
     }
     return test.AddNew(isModel, testings, details);
+}
+
+void openTerminal(const QString& file) {
+    cnnPublic.ConnectionString =
+        u"Provider=SQLOLEDB.1;User ID=;Initial Catalog=%1;Data Source=embedded;pwd="_s.arg(file);
+    cnnPublic.CommandTimeout = 10;
+    cnnPublic.Open();
 }
 
 }  // namespace talvora::test

@@ -23,15 +23,8 @@ struct PaperPlan {
 /// Writes the paper and its questions, and gives its ExaminationID.
 int addPaper(const PaperPlan& plan);
 
-/// A line of a competency model: 3 digits a dimension, 6 an element.
-struct LinePlan {
-    QString typeCode;
-    QString typeName;
-    double weighing = 0;
-};
-
-/// Writes a model and gives its SolutionID.
-int addModel(const QString& name, const QString& version, const std::vector<LinePlan>& lines);
+/// Writes a model of the version 1.20 and gives its SolutionID. A line is "001002 0.5": code, blank, weight.
+int addModel(const QString& name, const QStringList& lines);
 
 /// One row of a run as the test window hands it in: a paper with the letters chosen, one for each question ('_' is a
 /// question left unanswered), or a dimension, whose examination is empty.
@@ -47,5 +40,8 @@ cTesting candidate(const QString& typeName, const QString& name = QStringLiteral
 
 /// Hands the sheets of a run to cTesting::AddNew.
 Status submit(const cTesting& test, bool isModel, const std::vector<SheetPlan>& sheets);
+
+/// Opens cnnPublic on the embedded database file, as every terminal of an organisation does.
+void openTerminal(const QString& file);
 
 }  // namespace talvora::test

@@ -1,5 +1,3 @@
-#include "access/cfunction.h"
-#include "access/cmodule.h"
 #include "access/crole.h"
 #include "support/database_fixture.h"
 
@@ -11,11 +9,6 @@ namespace {
 
 class RoleTest : public DatabaseTest {
  protected:
-    void SetUp() override {
-        DatabaseTest::SetUp();
-        forget();
-    }
-
     static void forget() { emptyTables({u"Roles"_s, u"RoleRight"_s}); }
     static QString counts() { return rowCounts({u"Roles"_s, u"RoleRight"_s}); }
 
@@ -60,11 +53,6 @@ TEST_P(RoleTest, AddNewAndUpdateSendTheseSeries) {
               "insert into RoleRight (RoleID,moduleCode,ModuleFunction,IsAccess) values (%1,'001001','del',0)\n"
               "commit transaction"_s.arg(id));
     EXPECT_EQ(cRole::Update(30'000, u"主管"_s, {}, {}), Status::Taken);
-    const cRoleRights rights = cRole::GetRoleFunction(id);
-    EXPECT_EQ(rights.Item(1)->RoleID, id);
-    EXPECT_TRUE(rights.Item(u"a001001browse"_s)->IsAccess);
-    EXPECT_FALSE(rights.Item(u"a001001del"_s)->IsAccess);
-    EXPECT_EQ(cRole::GetRoleFunction(30'000).Count(), 0);
 }
 
 TEST_P(RoleTest, EachStatementFailsInTurn) {
@@ -91,40 +79,15 @@ TEST_P(RoleTest, EachStatementFailsInTurn) {
     EXPECT_EQ(counts(), u"1 2"_s);
 }
 
-TEST_P(RoleTest, RolesAreListedByCodeAndTheirCodesRunOn) {
+TEST_P(RoleTest, CodesRunOnFromTheGreatestOfTheirLevel) {
+    forget();
     EXPECT_EQ(cRole::GetRoleCode(u"parent"_s, {}), u"001"_s);
     for (const QString& code : {u"009"_s, u"009004"_s, u"001003"_s, u"0010"_s, u"001"_s}) {
         addRow(code, u"r"_s + code);
     }
-    const auto codes = [](const cRoles& roles) {
-        QString found;
-        for (const auto& role : roles) {
-            found += role->RoleCode.text() + u' ';
-        }
-        return found;
-    };
-    cRoles roles;
-    EXPECT_EQ(codes(roles.Find(0)), u"001 0010 001003 009 009004 "_s);
-    EXPECT_EQ(codes(roles.GetRoleLevel1()), u"001 009 "_s);
-    EXPECT_EQ(codes(roles.Find(keyOf(u"r009"_s))), u"009 "_s);
     EXPECT_EQ(cRole::GetRoleCode(u"parent"_s, {}), u"0010"_s);
     EXPECT_EQ(cRole::GetRoleCode(u"child"_s, u"009"_s), u"009005"_s);
     EXPECT_EQ(cRole::GetRoleCode(u"child"_s, {}), u"001004"_s);
-}
-
-TEST_P(RoleTest, CatalogueIsReadByLevel) {
-    cModules headings;
-    cModules modules;
-    cFunctions functions;
-    QStringList keys;
-    for (const auto& heading : headings.Find({})) {
-        for (const auto& module : modules.Find(heading->ModuleCode)) {
-            keys += module->TableName + u' ' + functions.Find(module->ModuleCode).Item(1)->FunctionKey;
-        }
-    }
-    keys.sort();
-    EXPECT_EQ(keys.join(u", "_s),
-              u"position browse, roles add, solution add, testing add, testingtype browse, users add"_s);
 }
 
 }  // namespace
