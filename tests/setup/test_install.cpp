@@ -16,13 +16,6 @@ namespace talvora::test {
 
 using namespace Qt::StringLiterals;
 
-TEST(Script, IsCutAtLinesThatHoldGoAlone) {
-    EXPECT_EQ(
-        scriptBatches(u"-- note\nselect 1\n  go  \r\nselect 'GO'\nselect GOAL\nGO\n-- only a note\n\nGO\nselect 3"_s),
-        (QStringList{u"-- note\nselect 1"_s, u"select 'GO'\nselect GOAL"_s, u"select 3"_s}));
-    EXPECT_EQ(scriptBatches(u"\n-- nothing\n"_s), QStringList());
-}
-
 class Install : public ::testing::Test {
  protected:
     static QString firstProblem() {

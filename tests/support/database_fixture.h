@@ -41,7 +41,7 @@ class DatabaseTest : public ::testing::TestWithParam<Engine> {
 /// What a query gives, as text: cells parted by "|", rows by line breaks, NULL as "null".
 QString rowsOf(const QString& statement);
 
-/// Ends a transaction that a failed operation may have left open by storing what it did.
+/// Stores what a failed operation may have left open.
 void commitWhatIsOpen();
 
 /// Runs `work` with the `failing`-th of its statements refused (counted from 1; none for 0), and gives the statements
@@ -64,8 +64,7 @@ QStringList statementsOf(Work&& work, qsizetype failing = 0) {
 enum class OnError { Stops, Throws, RollsBack, GoesOn };
 
 /// Refuses each statement of `work` in turn, each time after `prepare`, and compares what `left` gives of the tables
-/// with the parts of `expected` (parted by ", "), which has one for each statement of the undisturbed series. A
-/// transaction that was left open is committed before, as the program's next one would do it.
+/// with its part of `expected` (parted by ", "). A transaction that was left open is committed before.
 template <class Prepare, class Work, class Left>
 void failEachStatement(OnError onError, const QString& expected, Prepare&& prepare, Work&& work, Left&& left) {
     const QStringList parts = expected.split(QStringLiteral(", "));

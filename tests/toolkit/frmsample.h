@@ -25,7 +25,6 @@ class frmSample : public talvora::DesignedForm<frmSample, Ui::frmSample> {
         Timer1 = new QTimer(window());
         on(ui->cmdOK, &QPushButton::clicked, &frmSample::cmdOK_Click);
         on(ui->cmdClose, &QPushButton::clicked, &frmSample::cmdClose_Click);
-        on(ui->cmbSex, &talvora::ComboBox::Click, &frmSample::cmbSex_Click);
         on(Timer1, &QTimer::timeout, [this] { cmdOK_Click(); });
     }
     void Form_Load() override {
@@ -38,7 +37,6 @@ class frmSample : public talvora::DesignedForm<frmSample, Ui::frmSample> {
         events << QStringLiteral("close");
         Unload();
     }
-    void cmbSex_Click() { events << ui->cmbSex->text(); }
 };
 
 /// A second class, for windows over windows.

