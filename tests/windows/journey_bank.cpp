@@ -6,6 +6,7 @@
 #include "testbank/ctestingtype.h"
 #include "toolkit/icons.h"
 
+#include <QAbstractButton>
 #include <QTest>
 
 namespace talvora::test {
@@ -16,10 +17,6 @@ namespace {
 
 void done(Status status) {
     ASSERT_EQ(status, Status::Done);
-}
-
-void addType(const QString& name, const QString& parent) {
-    done(cTestingType().AddNew(parent.isEmpty() ? u"parent"_s : u"child"_s, parent, name));
 }
 
 void addPaper(const QString& typeCode, const QString& number, int answers, int count, qint16 minutes) {
@@ -44,17 +41,6 @@ void addPaper(const QString& typeCode, const QString& number, int answers, int c
     done(paper.AddNew(questions));
 }
 
-void addModel() {
-    cnnPublic.Execute(
-        u"insert into TestingSolution (SolutionName, PostName, Version) values ('销售经理模型', '销售经理', '1.0')"_s);
-    for (const auto& line : {u"'001','职业素养',5,0.5"_s, u"'001001','责任心',5,0.5"_s, u"'002','专业能力',5,0.25"_s,
-                             u"'002001','逻辑推理',5,0.25"_s}) {
-        cnnPublic.Execute(
-            u"insert into TestingSolutionDetail (SolutionID, TypeCode, TypeName, Score, Weighing) values (1,"_s + line +
-            u')');
-    }
-}
-
 /// The grid rows of the questions, by the number that only they have in column 0.
 std::vector<int> questionRows(const FlexGrid* grid) {
     std::vector<int> rows;
@@ -69,12 +55,12 @@ std::vector<int> questionRows(const FlexGrid* grid) {
 }  // namespace
 
 JourneyTest::JourneyTest() {
-    addType(u"职业素养"_s, QString());
-    addType(u"专业能力"_s, QString());
-    addType(u"责任心"_s, u"001"_s);
-    addType(u"诚信"_s, u"001"_s);
-    addType(u"逻辑推理"_s, u"002"_s);
-    addType(u"沟通"_s, u"002"_s);
+    const std::pair<QString, QString> types[] = {{u"职业素养"_s, {}},       {u"专业能力"_s, {}},
+                                                 {u"责任心"_s, u"001"_s},   {u"诚信"_s, u"001"_s},
+                                                 {u"逻辑推理"_s, u"002"_s}, {u"沟通"_s, u"002"_s}};
+    for (const auto& [name, parent] : types) {
+        done(cTestingType().AddNew(parent.isEmpty() ? u"parent"_s : u"child"_s, parent, name));
+    }
     addPaper(u"001001"_s, u"ZR-1"_s, 4, 3, 20);
     addPaper(u"001002"_s, u"CX-1"_s, 4, 1, 20);
     addPaper(u"002001"_s, u"LJ-1"_s, 2, 2, 1);
@@ -87,7 +73,12 @@ JourneyTest::JourneyTest() {
     done(cPosition::AddNew(u"parent"_s, QString(), u"总经理"_s, 1));
     done(cPosition::AddNew(u"child"_s, u"001"_s, u"销售经理"_s, 3));
     done(cPosition::AddNew(u"child"_s, u"001001"_s, u"销售专员"_s, 9));
-    addModel();
+    cnnPublic.Execute(
+        u"insert into TestingSolution (SolutionName, PostName, Version) values ('销售经理模型', '销售经理', '1.0')"_s);
+    cnnPublic.Execute(
+        u"insert into TestingSolutionDetail (SolutionID, TypeCode, TypeName, Score, Weighing) values "
+        "(1,'001','职业素养',5,0.5), (1,'001001','责任心',5,0.5), (1,'002','专业能力',5,0.25), "
+        "(1,'002001','逻辑推理',5,0.25)"_s);
 }
 
 void setOption(const QString& name, const QString& value) {
@@ -106,6 +97,14 @@ void choose(ComboBox* list, const QString& text) {
     }
 }
 
+void refuses(QAbstractButton* button, const QString& words, const QWidget* field) {
+    PromptScript script;
+    script.expect(vbOK, words);
+    click(button);
+    EXPECT_EQ(button->window()->focusWidget(), field) << words.toStdString();
+    EXPECT_EQ(script.last().style, vbExclamation) << words.toStdString();
+}
+
 void clickCell(FlexGrid* grid, int row, int col) {
     ASSERT_TRUE(grid->isVisible() && grid->isEnabled());
     grid->Select(row, col);
@@ -115,9 +114,7 @@ void clickCell(FlexGrid* grid, int row, int col) {
 }
 
 void answer(FlexGrid* grid, int number, QChar letter) {
-    const auto rows = questionRows(grid);
-    const int row = rows.at(static_cast<std::size_t>(number - 1)) + 1 + letter.unicode() - u'A';
-    clickCell(grid, row, 1);
+    clickCell(grid, questionRows(grid).at(static_cast<std::size_t>(number - 1)) + 1 + letter.unicode() - u'A', 1);
 }
 
 QString marks(const FlexGrid* grid) {

@@ -34,6 +34,9 @@ void setOption(const QString& name, const QString& value);
 /// Chooses an item of a list with the arrow keys, as a user does. Fails when there is none of that text.
 void choose(ComboBox* list, const QString& text);
 
+/// Presses a button, which is answered by exactly these words of warning, and then the focus is on the field.
+void refuses(QAbstractButton* button, const QString& words, const QWidget* field);
+
 /// Clicks a cell with the mouse, after bringing it into view.
 void clickCell(FlexGrid* grid, int row, int col);
 

@@ -1,6 +1,5 @@
 #include "assessment/frmmodel.h"
 #include "assessment/frmtesting.h"
-#include "assessment/testing_report.h"
 #include "platform/moment.h"
 #include "windows/journey_bank.h"
 #include "workbench/frmlogin.h"
@@ -23,8 +22,7 @@ class SelfService : public JourneyTest {
             script(login);
         });
         frmLogin::Default().ShowModal();
-        EXPECT_FALSE(frmLogin::Default().LoginPassed);
-        EXPECT_TRUE(strCurrentUser.isEmpty());
+        EXPECT_TRUE(!frmLogin::Default().LoginPassed && strCurrentUser.isEmpty());
     }
 
     /// Enters as the candidate and runs `script` in the test window.
@@ -37,9 +35,7 @@ class SelfService : public JourneyTest {
 };
 
 TEST_F(SelfService, SinglePaperFromEntryToVerdict) {
-    PromptScript script;
-    const auto sit = [](frmTesting& w) {
-        EXPECT_EQ(w.ui->txtID->text() + w.ui->txtName->text(), rightNumber + u"张三"_s);
+    enter([](frmTesting& w) {
         EXPECT_FALSE(w.ui->txtID->isEnabled() || w.ui->txtName->isEnabled());
         choose(w.ui->cmbSex, u"女"_s);
         type(w.ui->txtAge, u"28"_s);
@@ -47,12 +43,7 @@ TEST_F(SelfService, SinglePaperFromEntryToVerdict) {
         choose(w.ui->cmbPosition, u"||-销售专员"_s);
         choose(w.ui->cmbTypeName, u"|-责任心"_s);
         click(w.ui->cmdStart);
-        EXPECT_EQ(w.ui->lblTime->text(), u"20"_s);
-        EXPECT_FALSE(w.ui->cmbTypeName->isEnabled());
-        EXPECT_EQ(w.ui->fg1->Rows(), 1 + 1 + 3 * 5);
-        EXPECT_EQ(w.ui->fg1->TextMatrix(1, 1), u"责任心"_s);
-        EXPECT_EQ(w.ui->fg1->TextMatrix(4, 1), u"B． 做法2"_s);
-        clickCell(w.ui->fg1, 1, 1);
+        EXPECT_EQ(w.ui->fg1->TextMatrix(1, 1) + w.ui->fg1->TextMatrix(4, 1), u"责任心B． 做法2"_s);
         clickCell(w.ui->fg1, 2, 1);
         EXPECT_EQ(marks(w.ui->fg1), u"---"_s);
         answer(w.ui->fg1, 1, u'D');
@@ -62,26 +53,13 @@ TEST_F(SelfService, SinglePaperFromEntryToVerdict) {
 
         click(w.ui->cmdSubmit);
         EXPECT_EQ(w.ui->SSTab1->currentIndex(), 1);
-        EXPECT_TRUE(w.ui->cmdNew->isVisible());
         EXPECT_FALSE(w.ui->cmdSubmit->isEnabled() || w.ui->cmdStart->isEnabled() || w.Timer1->isActive());
         QStringList report = w.ui->txtTestingResult->toPlainText().split(u'\n');
         EXPECT_LE(qAbs(toMoment(report.takeAt(1).remove(u"测评时间："_s)).secsTo(presentMoment())), 5);
         EXPECT_EQ(report,
                   (QStringList{u"姓    名：张三"_s, u"测评类型：责任心"_s, u"测评得分：7"_s, u"测评结果：一般"_s}));
         click(w.ui->cmdClose);
-    };
-    atLogin([&](frmLogin& login) {
-        retype(login.ui->txtID, u"440524188001010015"_s);
-        script.expect(vbOK, u"［身份证号］不合法，请重新输入！"_s);
-        click(login.ui->cmdOK);
-        type(login.ui->txtID, rightNumber);
-        whenModal<frmTesting>(sit);
-        click(login.ui->cmdOK);
     });
-    cTestings family;
-    family.Find(1, {});
-    EXPECT_EQ(testingReport(u"张三"_s, u"10:00"_s, u"责任心"_s, family),
-              u"姓    名：张三\r\n测评时间：10:00\r\n测评类型：责任心\r\n测评得分：7\r\n测评结果：一般"_s);
     EXPECT_EQ(
         rowsOf(u"select TestingNumber, IdNumber, Name, Sex, Age, Education, PostName, Salary, TypeName, TypeCode, "
                u"ExamQuestions, FactQuestions, Score, TestingResult, SolutionID from TestingResult"_s),
@@ -97,17 +75,12 @@ TEST_F(SelfService, ModelFromItsDialogToTheTable) {
         EXPECT_FALSE(w.ui->cmbExamNum->isEnabled());
         QString logicPaper;
         whenModal<frmModel>([&](frmModel& model) {
-            EXPECT_EQ(model.ui->lblModel->text(), u"销售经理模型"_s);
-            EXPECT_TRUE(model.ui->fg1->TextMatrix(1, 2).isEmpty());
-            EXPECT_EQ(model.ui->fg1->TextMatrix(2, 2), u"ZR-1"_s);
+            EXPECT_EQ(model.ui->fg1->TextMatrix(1, 2) + model.ui->fg1->TextMatrix(2, 2), u"ZR-1"_s);
             logicPaper = model.ui->fg1->TextMatrix(4, 2);
-            EXPECT_TRUE(logicPaper == u"LJ-1"_s || logicPaper == u"LJ-2"_s);
             click(model.ui->cmdOK);
         });
         click(w.ui->cmdStart);
         EXPECT_EQ(w.ui->lblTime->text(), u"21"_s);
-        EXPECT_EQ(w.ui->fg1->Rows(), 1 + (1 + 3 * 5) + (1 + 2 * 3));
-        EXPECT_EQ(w.ui->fg1->TextMatrix(18, 0), u" 1"_s);
         EXPECT_TRUE(w.ui->fg1->TextMatrix(18, 1).startsWith(logicPaper));
         for (int question = 1; question <= 5; ++question) {
             answer(w.ui->fg1, question, question <= 3 ? u'D' : u'B');
@@ -124,23 +97,17 @@ TEST_F(SelfService, ModelFromItsDialogToTheTable) {
                      u"TestingNumber=1 order by TypeCode"_s),
               u"null|销售经理模型|1|1.0|7|null\n001|职业素养|1|null|6|null\n001001|责任心|1|null|12|优秀\n"
               u"002|专业能力|1|null|1|null\n002001|逻辑推理|1|null|4|一般"_s);
-    EXPECT_EQ(rowsOf(u"select count(*) from TestingResultDetail"_s), u"5"_s);
 }
 
 TEST_F(SelfService, SecondTestWithinTheIntervalIsRefused) {
-    const auto stored = [](int number, const QString& moment) {
-        cnnPublic.Execute(
-            u"insert into TestingResult (TestingNumber, IdNumber, TestingDate) values (%1, '%2', '%3')"_s.arg(number)
-                .arg(rightNumber, moment));
-    };
     const auto minutesAgo = [](int minutes) { return momentText(presentMoment().addSecs(-60 * minutes)); };
-    stored(1, u"2020-01-01 00:00:00"_s);
-    stored(2, minutesAgo(29));
+    cnnPublic.Execute(
+        u"insert into TestingResult (TestingNumber, IdNumber, TestingDate) values (1, '%1', '2020-01-01 00:00:00'), "
+        "(2, '%1', '%2')"_s.arg(rightNumber, minutesAgo(29)));
     PromptScript script;
     script.expect(vbOK, u"在［30］分钟内不能连续进行两次测评！"_s);
     atLogin([&](frmLogin& login) {
         click(login.ui->cmdOK);
-        EXPECT_EQ(script.last().style, vbExclamation);
         EXPECT_EQ(login.ui->txtID->text() + login.ui->txtName->text(), rightNumber + u"张三"_s) << "as they were";
         cnnPublic.Execute(u"update TestingResult set TestingDate='"_s + minutesAgo(31) + u"' where TestingNumber=2"_s);
         whenModal<frmTesting>([](frmTesting& w) {
@@ -153,63 +120,32 @@ TEST_F(SelfService, SecondTestWithinTheIntervalIsRefused) {
     EXPECT_EQ(rowsOf(u"select count(*) from TestingResult"_s), u"2"_s) << "closing the window stores nothing";
 }
 
-// From the login window to the verdict with no mouse: Enter and Tab move on, arrows choose, Space marks.
+// From the first field to the verdict with no mouse: Enter moves on, arrows choose, Space marks.
 TEST_F(SelfService, KeyboardAlone) {
-    whenModal<frmLogin>([&](frmLogin& login) {
-        waitFor([&] { return login.window()->isActiveWindow(); });
-        login.ui->optType0->setFocus();
-        press(Qt::Key_Right);
-        waitFor([&] { return focused() == login.ui->txtID; });
-        type(login.ui->txtID, rightNumber);
-        press(Qt::Key_Return);
-        type(focused(), u"王五"_s);
-        press(Qt::Key_Return);
-        EXPECT_EQ(focused(), login.ui->cmdOK);
-        whenModal<frmTesting>([&](frmTesting& w) {
-            QStringList walked;
-            for (int i = 0; i < 9 && focused() != w.ui->cmbTypeName; ++i) {
-                walked += focused()->objectName();
-                press(Qt::Key_Return);
-            }
-            EXPECT_EQ(walked,
-                      (QStringList{u"cmbSex"_s, u"txtAge"_s, u"cmbEducation"_s, u"cmbPosition"_s, u"cmbSalary"_s}));
-            press(Qt::Key_Home);
-            press(Qt::Key_Down);
-            EXPECT_EQ(w.ui->cmbTypeName->text(), u"|-责任心"_s);
+    const auto keys = [](std::initializer_list<Qt::Key> series) {
+        for (const Qt::Key key : series) {
+            press(key);
+        }
+        return focused();
+    };
+    enter([&](frmTesting& w) {
+        QString walked;
+        for (int i = 0; i < 9 && focused() != w.ui->cmbTypeName; ++i) {
+            walked += focused()->objectName() + u' ';
             press(Qt::Key_Return);
-            EXPECT_EQ(focused(), w.ui->cmbExamNum);
-            press(Qt::Key_Return);
-            EXPECT_EQ(focused(), w.ui->cmdStart);
-            press(Qt::Key_Return);
-            ASSERT_EQ(focused(), w.ui->fg1);
-            const auto down = [](int rows) {
-                for (int i = 0; i < rows; ++i) {
-                    press(Qt::Key_Down);
-                }
-                press(Qt::Key_Space);
-            };
-            down(2);  // from the first answer to C
-            down(4);  // the second question's B
-            EXPECT_EQ(marks(w.ui->fg1), u"CB-"_s);
-            // To the other tab and back.
-            press(Qt::Key_Backtab, Qt::ShiftModifier);
-            press(Qt::Key_Right);
-            EXPECT_EQ(w.ui->SSTab1->currentIndex(), 1);
-            press(Qt::Key_Left);
-            press(Qt::Key_Tab);
-            ASSERT_EQ(focused(), w.ui->fg1);
-            press(Qt::Key_Return);
-            ASSERT_EQ(focused(), w.ui->cmdSubmit);
-            press(Qt::Key_Space);
-            press(Qt::Key_Space);
-            EXPECT_TRUE(w.ui->txtTestingResult->toPlainText().contains(u"测评得分：5"_s)) << "a second press harms not";
-            waitFor([&] { return w.window()->isActiveWindow(); });
-            press(Qt::Key_C, Qt::AltModifier);
-        });
-        press(Qt::Key_Space);
+        }
+        EXPECT_EQ(walked, u"cmbSex txtAge cmbEducation cmbPosition cmbSalary "_s);
+        keys({Qt::Key_Home, Qt::Key_Down});  // to the first subtype
+        EXPECT_EQ(keys({Qt::Key_Return, Qt::Key_Return}), w.ui->cmdStart);
+        ASSERT_EQ(keys({Qt::Key_Return}), w.ui->fg1);
+        keys({Qt::Key_Down, Qt::Key_Down, Qt::Key_Space});
+        keys({Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Space});
+        EXPECT_EQ(marks(w.ui->fg1), u"CB-"_s);
+        ASSERT_EQ(keys({Qt::Key_Return}), w.ui->cmdSubmit);
+        keys({Qt::Key_Space, Qt::Key_Space});  // a second press harms not
+        w.window()->close();
     });
-    frmLogin::Default().ShowModal();
-    EXPECT_EQ(rowsOf(u"select Name, Score from TestingResult"_s), u"王五|5"_s);
+    EXPECT_EQ(rowsOf(u"select Name, Score from TestingResult"_s), u"张三|5"_s);
 }
 
 }  // namespace
