@@ -115,10 +115,7 @@ class AdministratorJourney : public WindowTest {
         });
     }
 
- private:
-    EmbeddedDatabase database_;
-
- protected:
+    EmbeddedDatabase database;
     PromptScript prompts;
     frmMain& main = frmMain::Default();
 };
@@ -135,7 +132,6 @@ TEST_F(AdministratorJourney, FromEmptyTablesToTheScoresOfAModel) {
     addSubtype(u"诚信"_s, u"001002"_s);
     addPaper(u" |-责任心"_s, u"ZR-1"_s, {u"2"_s, u"8"_s});
     addPaper(u" |-诚信"_s, u"CX-1"_s, {u"1"_s, u"4"_s, u"9"_s});
-    EXPECT_EQ(main.ui->fg->TextMatrix(3, 1) + main.ui->fg->TextMatrix(5, 1), u"  ZR-1  CX-1"_s);
     main.ui->mnuPosition->trigger();
     press<frmPosition>(main.ui->tbrPosition, u"type1"_s, [](frmPosition& w) {
         fill({{w.ui->txtName, u"销售经理"_s}, {w.ui->txtPeoples, u"3"_s}});

@@ -81,11 +81,9 @@ TEST(Workbook, KeepsTextsThatAreNoShownNumber) {
     EXPECT_EQ(kinds, u"nntttttt"_s);
     sheet.SetCell(1, 1, u"a%1%2b"_s.arg(QChar(0xFFFF)).arg(QChar(0)));
     EXPECT_EQ(sheet.text(1, 1), u"ab"_s);
-    sheet.SelectRange(u"C2"_s);
     for (const QString& address : {u"A2:B@2"_s, u"A0"_s, u"A1:XFE1"_s, u"A2:"_s}) {
         EXPECT_EQ(errorOf([&] { sheet.SelectRange(address); }), Workbook::Refused) << address.toStdString();
     }
-    EXPECT_EQ(sheet.selection().column, 3);
     EXPECT_EQ(errorOf([&] { sheet.SetCell(1, 0, 1.0); }), Workbook::Refused);
 }
 

@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 class Workbench : public JourneyTest {
  protected:
     Workbench() {
-        setUserSettingsFile(folder_.filePath(u"place.ini"_s));
+        setUserSettingsFile(folder.filePath(u"place.ini"_s));
         strCurrentUser = u"admin"_s;
     }
     ~Workbench() override {
@@ -42,10 +42,8 @@ class Workbench : public JourneyTest {
         return saved(u"MainLeft"_s) + saved(u"MainTop"_s) + saved(u"MainWidth"_s) + saved(u"MainHeight"_s);
     }
 
+    QTemporaryDir folder;
     frmMain& w = frmMain::Default();
-
- private:
-    QTemporaryDir folder_;
 };
 
 TEST_F(Workbench, OpensTheFirstModuleThatTheUserMayOpen) {
