@@ -150,13 +150,6 @@ TEST(OptionalFormatTest, PercentageTextIsReadBack) {
     }
 }
 
-TEST(OptionalFormatTest, EveryShareOfAHundredthKeepsItsText) {
-    for (int hundredths = 1; hundredths <= 10'000; ++hundredths) {
-        const QString text = formatOptionalPercent(hundredths / 10'000.0, 2);
-        EXPECT_EQ(formatOptionalPercent(formatOptional(percentNumber(text), 4).toDouble(), 2), text);
-    }
-}
-
 TEST(Moment, ReadsTheFormsOfADate) {
     EXPECT_EQ(momentText(toMoment(u"2026-3-4 5:6:7"_s)), u"2026-03-04 05:06:07"_s);
     EXPECT_EQ(momentText(toMoment(u"2026/03/04 23:59"_s)), u"2026-03-04 23:59:00"_s);

@@ -1,7 +1,6 @@
 #include "support/error_of.h"
 #include "support/windows.h"
 #include "toolkit/combobox.h"
-#include "toolkit/icons.h"
 #include "toolkit/toolbar.h"
 
 #include <QAction>
@@ -71,15 +70,13 @@ TEST_F(ComboBoxTest, FreeTypingStandsBesideTheList) {
     QTest::keyClicks(&combo, u"x"_s);
     EXPECT_EQ(combo.text(), u"甲x"_s);
     EXPECT_EQ(combo.ListIndex(), -1);
-    combo.setListIndex(0);
-    EXPECT_EQ(combo.text(), u"甲"_s);
     combo.setText(u"自由"_s);
     QTest::keyClick(&combo, Qt::Key_Return);
     EXPECT_EQ(combo.ListIndex(), -1);
     EXPECT_EQ(combo.ListCount(), 4) << "what was typed must not become an item";
     combo.Clear();
     EXPECT_EQ(combo.text(), QString());
-    EXPECT_EQ(clicks, QStringList({u"甲"_s, u"甲"_s}));
+    EXPECT_EQ(clicks, QStringList({u"甲"_s}));
 }
 
 class ToolBarTest : public ::testing::Test {
@@ -118,21 +115,6 @@ TEST_F(ToolBarTest, TellsButtonsAndEntriesApartAndKeepsCaptionsToTheBlank) {
     bar.clearMenu(u"find"_s);
     EXPECT_EQ(errorOf([&] { bar.caption(u"a7"_s); }), 35601);
     EXPECT_EQ(errorOf([&] { bar.setUsable(u"del"_s, true); }), 35601);
-}
-
-TEST(ToolBarIcons, HaveAGreyTwinEach) {
-    for (const auto& key : {u"type1"_s, u"type2"_s, u"type3"_s, u"edit"_s, u"del"_s, u"level"_s, u"export"_s,
-                            u"print"_s, u"exit"_s, u"add"_s, u"detail"_s, u"find"_s}) {
-        const QImage grey = icon(key + u'1').pixmap(16, 16, QIcon::Disabled).toImage();
-        EXPECT_NE(icon(key).pixmap(16, 16).toImage(), grey) << key.toStdString();
-        for (int dot = 0; dot < 256; ++dot) {
-            const QColor color = grey.pixelColor(dot % 16, dot / 16);
-            const auto [least, most] = std::minmax({color.red(), color.green(), color.blue()});
-            ASSERT_LT(most - least, 8) << key.toStdString();
-        }
-    }
-    EXPECT_EQ(errorOf([] { icon(u"nothing1"_s); }), 481);
-    EXPECT_EQ(picture(u"radio-on"_s, 16, 1.5).deviceIndependentSize(), QSizeF(16, 16)) << "scaled for the display";
 }
 
 }  // namespace talvora::test

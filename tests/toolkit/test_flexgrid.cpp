@@ -1,8 +1,6 @@
-#include "tests/support/error_of.h"
 #include "tests/support/windows.h"
 #include "tests/toolkit/flexgrid_sample.h"
 
-#include <QHeaderView>
 #include <QPixmap>
 #include <gtest/gtest.h>
 
@@ -78,22 +76,6 @@ TEST(FlexGrid, WhatBelongsToARowMovesWithItAndGoesWithIt) {
     EXPECT_EQ(watched.seen(), u" "_s);
 }
 
-TEST(FlexGrid, RefusesPlacesOutsideItself) {
-    WatchedGrid watched({u"a"_s, u"b"_s});
-    FlexGrid& grid = watched.grid;
-    const std::function<void()> steps[] = {
-        [&] { grid.TextMatrix(3, 0); },   [&] { grid.TextMatrix(-1, 0); },
-        [&] { grid.TextMatrix(1, 3); },   [&] { grid.setTextMatrix(1, -1, u"x"_s); },
-        [&] { grid.RemoveItem(0); },      [&] { grid.AddItem(u"x"_s, 0); },
-        [&] { grid.AddItem(u"x"_s, 4); }, [&] { grid.setRows(0); },
-        [&] { grid.Select(1, 0, 5, 0); }, [&] { grid.setColHidden(3, true); },
-    };
-    for (const auto& step : steps) {
-        EXPECT_EQ(errorOf(step), errors::SubscriptOutOfRange) << "step " << &step - steps;
-    }
-    EXPECT_EQ(watched.seen(), u"a b"_s);
-}
-
 TEST(FlexGrid, ShowsTruthValuesAsCheckBoxes) {
     WatchedGrid watched({u"\tTrue"_s, u"\tFalse"_s});
     watched.grid.setColDataType(1, GridDataType::Boolean);
@@ -145,21 +127,6 @@ TEST(FlexGrid, MergesEqualNeighboursAsTheirTextsStand) {
     EXPECT_EQ(spans(1, {1, 5}), u"41"_s);
     grid.RemoveItem(2);
     EXPECT_EQ(spans(1, {1, 4}), u"31"_s);
-}
-
-TEST(FlexGrid, TwoHeaderRowsStayAboveTheData) {
-    FlexGrid grid;
-    grid.resize(500, 300);
-    grid.setFixedRows(2);
-    grid.setFormatString(u"测评维度|测评维度|备注"_s);
-    grid.setTextMatrix(1, 1, u"分数"_s);
-    grid.setTextMatrix(1, 2, u"备注"_s);
-    grid.AddItem(u"001 领导\t5"_s);
-    grid.show();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(grid.model()->headerData(1, Qt::Horizontal).toString(), u"测评维度 分数"_s);
-    EXPECT_EQ(grid.CellRect(2, 0).top(), 0);
-    EXPECT_EQ(grid.horizontalHeader()->height(), 2 * grid.rowHeight(0));
 }
 
 }  // namespace talvora::test

@@ -197,35 +197,4 @@ TEST(FlexGridOutline, AClickOnTheExpanderFoldsAndIsNoClick) {
     EXPECT_EQ(clicks.size(), 1) << "a leaf has no expander";
 }
 
-TEST(FlexGridOutline, TheCursorOutlastsFoldingAndGoesToTheNodeThatHidesIt) {
-    TreeGrid tree(papers);
-    tree.grid.Select(9, 2);
-    tree.grid.setIsCollapsed(2, true);
-    tree.grid.setIsCollapsed(5, true);
-    tree.expectCursor(9);
-    EXPECT_EQ(tree.grid.Col(), 2);
-    tree.grid.setIsCollapsed(8, true);
-    tree.expectCursor(8);
-    tree.grid.Outline(1);
-    tree.expectCursor(7);
-}
-
-TEST(FlexGridOutline, FoldsByKeys) {
-    const QString open = u"m1 s2 pa t2 pc"_s;
-    TreeGrid tree(open);
-    tree.grid.Select(3, 1);
-    const auto expectAfter = [&](Qt::Key key, int row, const QString& seen) {
-        QTest::keyClick(&tree.grid, key);
-        EXPECT_EQ(tree.seen(), seen);
-        tree.expectCursor(row);
-    };
-    expectAfter(Qt::Key_Left, 2, open);              // a leaf: up to its node
-    expectAfter(Qt::Key_Left, 2, u"m1 s2 t2 pc"_s);  // an open node: folds
-    expectAfter(Qt::Key_Right, 2, open);
-    expectAfter(Qt::Key_Minus, 2, u"m1 s2 t2 pc"_s);
-    expectAfter(Qt::Key_Plus, 2, open);
-    QTest::keyClick(&tree.grid, Qt::Key_Right);
-    EXPECT_EQ(tree.grid.Col(), 2) << "an open node lets the cursor go on to the right";
-}
-
 }  // namespace talvora::test

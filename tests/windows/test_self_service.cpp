@@ -1,5 +1,6 @@
 #include "assessment/frmmodel.h"
 #include "assessment/frmtesting.h"
+#include "assessment/testing_report.h"
 #include "platform/moment.h"
 #include "windows/journey_bank.h"
 #include "workbench/frmlogin.h"
@@ -35,7 +36,9 @@ class SelfService : public JourneyTest {
 };
 
 TEST_F(SelfService, SinglePaperFromEntryToVerdict) {
-    enter([](frmTesting& w) {
+    PromptScript script;
+    script.expect(vbOK, u"［身份证号］不合法，请重新输入！"_s);
+    const auto sit = [](frmTesting& w) {
         EXPECT_FALSE(w.ui->txtID->isEnabled() || w.ui->txtName->isEnabled());
         choose(w.ui->cmbSex, u"女"_s);
         type(w.ui->txtAge, u"28"_s);
@@ -59,7 +62,17 @@ TEST_F(SelfService, SinglePaperFromEntryToVerdict) {
         EXPECT_EQ(report,
                   (QStringList{u"姓    名：张三"_s, u"测评类型：责任心"_s, u"测评得分：7"_s, u"测评结果：一般"_s}));
         click(w.ui->cmdClose);
+    };
+    atLogin([&](frmLogin& login) {
+        retype(login.ui->txtID, u"440524188001010015"_s);
+        click(login.ui->cmdOK);
+        type(login.ui->txtID, rightNumber);
+        whenModal<frmTesting>(sit);
+        click(login.ui->cmdOK);
     });
+    cTestings family;
+    EXPECT_EQ(testingReport(u"张三"_s, u"10:00"_s, u"责任心"_s, family.Find(1, {})),
+              u"姓    名：张三\r\n测评时间：10:00\r\n测评类型：责任心\r\n测评得分：7\r\n测评结果：一般"_s);
     EXPECT_EQ(
         rowsOf(u"select TestingNumber, IdNumber, Name, Sex, Age, Education, PostName, Salary, TypeName, TypeCode, "
                u"ExamQuestions, FactQuestions, Score, TestingResult, SolutionID from TestingResult"_s),
