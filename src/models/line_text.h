@@ -1,12 +1,13 @@
 #pragma once
 
 #include "models/cdimension.h"
+#include "testbank/ctestingtype.h"
 
 namespace talvora {
 
-/// How long the codes of the two kinds of model lines are.
-inline constexpr qsizetype DimensionDigits = 3;
-inline constexpr qsizetype ElementDigits = 6;
+/// How long the codes of the two kinds of model lines are: a dimension is a main type, an element a subtype.
+inline constexpr qsizetype DimensionDigits = mainTypeCodeLength;
+inline constexpr qsizetype ElementDigits = subtypeCodeLength;
 
 /// A line of a model, or a test type offered for one, as lists and the grid show it: its code, a blank, its name.
 QString lineText(const QString& code, const QString& name);

@@ -54,16 +54,7 @@ void deleteRole(FlexGrid& list, int row) {
 }  // namespace
 
 void frmMain::tbrRoles_ButtonClick(const QString& key) {
-    const int row = chosenRow(*ui->fg);
-    if (key == "add"_L1) {
-        add(*this);
-    } else if (key == "edit"_L1) {
-        edit(*this, row);
-    } else if (key == "del"_L1) {
-        deleteRole(*ui->fg, row);
-    } else {
-        runListCommand(*this, key, u"角色一览表"_s);
-    }
+    runRecordCommand(*this, key, u"角色一览表"_s, {add, edit, deleteRole});
 }
 
 }  // namespace talvora

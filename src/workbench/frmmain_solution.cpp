@@ -39,16 +39,7 @@ void deleteModel(FlexGrid& list, int row) {
 }  // namespace
 
 void frmMain::tbrSolution_ButtonClick(const QString& key) {
-    const int row = chosenRow(*ui->fg);
-    if (key == "add"_L1) {
-        add(*this);
-    } else if (key == "edit"_L1) {
-        edit(*this, row);
-    } else if (key == "del"_L1) {
-        deleteModel(*ui->fg, row);
-    } else {
-        runListCommand(*this, key, u"素质模型一览表"_s);
-    }
+    runRecordCommand(*this, key, u"素质模型一览表"_s, {add, edit, deleteModel});
 }
 
 }  // namespace talvora

@@ -61,16 +61,7 @@ void deleteUser(FlexGrid& list, int row) {
 }  // namespace
 
 void frmMain::tbrUsers_ButtonClick(const QString& key) {
-    const int row = chosenRow(*ui->fg);
-    if (key == "add"_L1) {
-        add(*this);
-    } else if (key == "edit"_L1) {
-        edit(*this, row);
-    } else if (key == "del"_L1) {
-        deleteUser(*ui->fg, row);
-    } else {
-        runListCommand(*this, key, u"用户一览表"_s);
-    }
+    runRecordCommand(*this, key, u"用户一览表"_s, {add, edit, deleteUser});
 }
 
 }  // namespace talvora

@@ -56,6 +56,20 @@ void runListCommand(const frmMain& main, const QString& key, const QString& titl
     }
 }
 
+void runRecordCommand(const frmMain& main, const QString& key, const QString& title, const RecordCommands& commands) {
+    FlexGrid& list = *main.ui->fg;
+    const int row = chosenRow(list);
+    if (key == "add"_L1) {
+        commands.add(main);
+    } else if (key == "edit"_L1) {
+        commands.edit(main, row);
+    } else if (key == "del"_L1) {
+        commands.remove(list, row);
+    } else {
+        runListCommand(main, key, title);
+    }
+}
+
 void toggleDetail(frmMain& main, ToolBar& toolbar, const DetailCaptions& captions) {
     const QString key = u"detail"_s;
     if (trimBlanks(toolbar.caption(key)) != captions.show) {

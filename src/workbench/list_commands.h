@@ -36,6 +36,16 @@ void takeOff(FlexGrid& list, int row);
 /// Runs "export", "print" and "exit", which every list has; other keys do nothing. `title` heads the sheet.
 void runListCommand(const frmMain& main, const QString& key, const QString& title);
 
+/// What the toolbar of a plain list does with its records. `row` is the command's row, 0 for none.
+struct RecordCommands {
+    void (*add)(const frmMain& main);
+    void (*edit)(const frmMain& main, int row);
+    void (*remove)(FlexGrid& list, int row);
+};
+
+/// Runs "add", "edit" and "del" by `commands`, and what every list has as runListCommand does.
+void runRecordCommand(const frmMain& main, const QString& key, const QString& title, const RecordCommands& commands);
+
 /// The words on a button that opens and closes the detail pane.
 struct DetailCaptions {
     QString show;       ///< says that the next press opens the pane, blanks aside
