@@ -108,7 +108,6 @@ class FlexGrid : public QTableView {
     /// Where whole rows are selected, that means the rows. A row under a folded node is opened up to. A header row
     /// becomes current with nothing selected.
     void Select(int row, int col, int rowSel = -1, int colSel = -1);
-    bool IsSelected(int row) const;
     /// The numbers of the selected rows, upwards.
     std::vector<int> SelectedRows() const;
 

@@ -61,12 +61,6 @@ void FlexGrid::Select(int row, int col, int rowSel, int colSel) {
     scrollTo(currentIndex());
 }
 
-bool FlexGrid::IsSelected(int row) const {
-    static_cast<void>(model_->row(row));
-    const int place = model_->modelRow(row);
-    return place >= 0 && selectionModel()->rowIntersectsSelection(place);
-}
-
 std::vector<int> FlexGrid::SelectedRows() const {
     std::vector<int> rows;
     for (const QItemSelectionRange& range : selectionModel()->selection()) {

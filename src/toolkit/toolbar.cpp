@@ -137,10 +137,6 @@ QAction* ToolBar::entry(const QString& key) const {
     return found;
 }
 
-void ToolBar::pressButton(const QString& key) {
-    button(key)->click();
-}
-
 // A menu opens by the arrow key, too, which is the only way by keyboard to that of a split button.
 bool ToolBar::eventFilter(QObject* watched, QEvent* event) {
     auto* source = qobject_cast<QToolButton*>(watched);

@@ -38,8 +38,6 @@ class ToolBar : public QToolBar {
 
     QToolButton* button(const QString& key) const;
     QAction* entry(const QString& key) const;
-    /// What a user's press does: nothing on a disabled button.
-    void pressButton(const QString& key);
 
  Q_SIGNALS:
     void ButtonClick(const QString& key);

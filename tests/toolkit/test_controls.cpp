@@ -106,7 +106,7 @@ TEST_F(ToolBarTest, TellsButtonsAndEntriesApartAndKeepsCaptionsToTheBlank) {
     bar.entry(u"exportlist"_s)->trigger();
     bar.entry(u"a7"_s)->trigger();
     bar.setUsable(u"add"_s, false);
-    bar.pressButton(u"add"_s);
+    bar.button(u"add"_s)->click();
     EXPECT_EQ(told.join(u','), u"add,find,menu exportlist,menu a7"_s);
     EXPECT_EQ(bar.keys().join(u','), u"add,export,find"_s);
     bar.setCaption(u"exportlist"_s, u"按列表  √"_s);

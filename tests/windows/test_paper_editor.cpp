@@ -4,6 +4,8 @@
 #include "windows/grid_listing.h"
 #include "windows/journey_bank.h"
 
+#include <QToolButton>
+
 namespace talvora::test {
 namespace {
 
@@ -48,12 +50,12 @@ class PaperEditor : public JourneyTest {
             retype(q.ui->txtQuestionName, name);
             click(q.ui->Command1);
         });
-        w.ui->Toolbar1->pressButton(u"add"_s);
+        w.ui->Toolbar1->button(u"add"_s)->click();
     }
 
     void act(const QString& key, int row) {
         w.ui->fg2->Select(row, 1);
-        w.ui->Toolbar1->pressButton(key);
+        w.ui->Toolbar1->button(key)->click();
     }
 
     frmExamination& w = frmExamination::Default();
@@ -142,7 +144,7 @@ TEST_F(PaperEditor, QuestionsAreAddedChangedAndTakenOut) {
     EXPECT_EQ(listing(*w.ui->fg2), u"- 2"_s + changed);
     // A cancelled addition finds the question handed over last; the numbers are made anew.
     whenModal<frmQuestion>([](frmQuestion& q) { click(q.ui->Command2); });
-    w.ui->Toolbar1->pressButton(u"add"_s);
+    w.ui->Toolbar1->button(u"add"_s)->click();
     EXPECT_EQ(listing(*w.ui->fg2), u"- 1"_s + changed + u"\n- 2"_s + changed);
     // Nothing guards a second question on OK: it ends the program.
     fill(good);

@@ -50,8 +50,6 @@ struct Expression {
     bool starred = false;
     bool hasOperand = false;  ///< of a case: `case x when`, not `case when`
     bool hasElse = false;
-
-    bool isCondition() const { return form >= Form::And; }
 };
 
 struct Source {
