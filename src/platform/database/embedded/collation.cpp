@@ -11,44 +11,16 @@
 #include <array>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 namespace talvora::embedded {
 
 namespace {
 
-constexpr std::size_t characters = 0x10000;
 constexpr char16_t ideographicBlank = 0x3000;
 
 /// The signs ￠￡￢￣￤￥￦ in usual width.
 constexpr char16_t wideSignsFirst = 0xFFE0;
 constexpr std::u16string_view wideSigns = u"\u00A2\u00A3\u00AC\u00AF\u00A6\u00A5\u20A9";
-
-/// Letters of one case and signs of one width. Hiragana and katakana stay apart, and so do the widths of katakana:
-/// Chinese texts have neither.
-std::vector<char16_t> buildFolding() {
-    constexpr char16_t fullWidthFirst = 0xFF01;
-    constexpr char16_t fullWidthLast = 0xFF5E;
-    constexpr char16_t widthDistance = 0xFEE0;
-    std::vector<char16_t> table(characters);
-    for (std::size_t i = 0; i < characters; ++i) {
-        auto c = static_cast<char16_t>(i);
-        if (c >= fullWidthFirst && c <= fullWidthLast) {
-            c = static_cast<char16_t>(c - widthDistance);
-        } else if (c >= wideSignsFirst && c < wideSignsFirst + wideSigns.size()) {
-            c = wideSigns[c - wideSignsFirst];
-        } else if (c == ideographicBlank) {
-            c = u' ';
-        }
-        table[i] = QChar::isSurrogate(c) ? c : QChar(c).toCaseFolded().unicode();
-    }
-    return table;
-}
-
-const std::vector<char16_t>& folding() {
-    static const std::vector<char16_t> table = buildFolding();
-    return table;
-}
 
 struct Range {
     char16_t first;
@@ -107,20 +79,22 @@ int sharedBeginning(const RawText& a, const RawText& b, int common) {
 }
 
 int compareRaw(const RawText& a, const RawText& b) {
-    const char16_t* fold = folding().data();
     const int common = std::min(a.size, b.size);
     for (int i = sharedBeginning(a, b, common); i < common; ++i) {
         const char16_t x = a[i];
         const char16_t y = b[i];
-        if (x != y && fold[x] != fold[y]) {
-            return orderOf(fold[x], fold[y]);
+        if (x == y) {
+            continue;
+        }
+        if (const int order = compareCharacters(x, y); order != 0) {
+            return order;
         }
     }
     // The shorter text counts as filled up with blanks.
     const RawText& longer = a.size > common ? a : b;
     const int sign = a.size > common ? 1 : -1;
     for (int i = common; i < longer.size; ++i) {
-        const char16_t rest = fold[longer[i]];
+        const char16_t rest = folded(longer[i]);
         if (rest != u' ') {
             return sign * orderOf(rest, u' ');
         }
@@ -135,8 +109,28 @@ int compareStored(void* /*context*/, int leftBytes, const void* left, int rightB
 
 }  // namespace
 
+// Letters of one case and signs of one width. Hiragana and katakana stay apart, and so do the widths of katakana:
+// Chinese texts have neither.
 char16_t folded(char16_t c) {
-    return folding()[c];
+    constexpr char16_t fullWidthFirst = 0xFF01;
+    constexpr char16_t fullWidthLast = 0xFF5E;
+    constexpr char16_t widthDistance = 0xFEE0;
+    constexpr char16_t asciiLast = 0x7F;
+    // What most comparisons meet.
+    if (c <= asciiLast) {
+        return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + u'a' - u'A') : c;
+    }
+    if (isHan(c) || QChar::isSurrogate(c)) {
+        return c;
+    }
+    if (c >= fullWidthFirst && c <= fullWidthLast) {
+        c = static_cast<char16_t>(c - widthDistance);
+    } else if (c >= wideSignsFirst && c < wideSignsFirst + wideSigns.size()) {
+        c = wideSigns[c - wideSignsFirst];
+    } else if (c == ideographicBlank) {
+        c = u' ';
+    }
+    return QChar(c).toCaseFolded().unicode();
 }
 
 int compareCharacters(char16_t left, char16_t right) {
