@@ -1,5 +1,6 @@
 #include "toolkit/application.h"
 
+#include "toolkit/font_configuration.h"
 #include "toolkit/form.h"
 #include "toolkit/icons.h"
 #include "toolkit/last_resort.h"
@@ -7,10 +8,9 @@
 #include "toolkit/translation.h"
 
 #include <QLocale>
+#include <QTimer>
 
-#ifdef TALVORA_FONTCONFIG
-#include <fontconfig/fontconfig.h>
-#endif
+#include <chrono>
 
 namespace talvora {
 
@@ -18,29 +18,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Reads the configuration of the system's fonts while Qt connects to the display, where they are found by Fontconfig.
-/// Qt itself would do it at the first text, which took a tenth of the time to the first window.
-std::future<void> fontConfiguration() {
-    return std::async(std::launch::async, [] {
-#ifdef TALVORA_FONTCONFIG
-        FcInit();
-#endif
-    });
-}
+using namespace std::chrono_literals;
+
+constexpr auto iconDelay = 100ms;
 
 }  // namespace
 
-Application::Application(int& argc, char** argv) : Application(argc, argv, fontConfiguration()) {}
+Application::Application(int& argc, char** argv) : Application(argc, argv, FontConfiguration()) {}
 
-Application::Application(int& argc, char** argv, const std::future<void>& fonts) : QApplication(argc, argv) {
+Application::Application(int& argc, char** argv, FontConfiguration&& fonts) : QApplication(argc, argv) {
     setApplicationName(u"Talvora"_s);
     // A hidden login window with a modal one after it must not end the program; its main routine does.
     setQuitOnLastWindowClosed(false);
     QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
     installTranslations(*this);
-    fonts.wait();
+    fonts.finish();
     applyTheme(*this);
-    setWindowIcon(icon(u"talvora"_s));
+    // Drawn at every size that a window manager may want, it would hold up the first window.
+    QTimer::singleShot(iconDelay, this, [] { setWindowIcon(icon(u"talvora"_s)); });
 }
 
 Application::~Application() {

@@ -3,9 +3,10 @@
 #include <QApplication>
 
 #include <functional>
-#include <future>
 
 namespace talvora {
+
+class FontConfiguration;
 
 /// The program's application object: look, Chinese locale and button texts, and the second net under the event
 /// dispatch (see last_resort.h). One a process; no window outlives it.
@@ -22,7 +23,7 @@ class Application : public QApplication {
     bool notify(QObject* receiver, QEvent* event) override;
 
  private:
-    Application(int& argc, char** argv, const std::future<void>& fonts);
+    Application(int& argc, char** argv, FontConfiguration&& fonts);
 };
 
 }  // namespace talvora
