@@ -5,9 +5,13 @@
 #include <QApplication>
 #include <QFile>
 #include <QFontDatabase>
+#include <QHash>
 #include <QPalette>
 #include <QStyle>
 #include <QWidget>
+
+#include <algorithm>
+#include <utility>
 
 // A static library's resources are linked in only where they are asked for, and the macro wants the global namespace.
 static void initStyleSheet() {
@@ -52,30 +56,36 @@ QPalette palette() {
     return palette;
 }
 
-// The style sheet names the colours of theme.h by @tokens.
+bool isNameSign(char sign) {
+    return (sign >= 'a' && sign <= 'z') || sign == '-';
+}
+
+// The style sheet names the colours of theme.h by words such as @accent.
 QString styleSheet() {
     initStyleSheet();
     QFile file(u":/talvora/theme.qss"_s);
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
     }
-    QString sheet = QString::fromUtf8(file.readAll());
-    const std::pair<QString, QColor> tokens[] = {
-        {u"@accent-soft"_s, theme::AccentSoft},
-        {u"@accent"_s, theme::Accent},
-        {u"@required"_s, theme::Required},
-        {u"@window"_s, theme::Window},
-        {u"@surface"_s, theme::Surface},
-        {u"@header"_s, theme::Header},
-        {u"@line"_s, theme::Line},
-        {u"@text-quiet"_s, theme::TextQuiet},
-        {u"@text"_s, theme::Text},
-        {u"@disabled"_s, Disabled},
+    const QHash<QByteArray, QColor> colors{
+        {"accent", theme::Accent},
+        {"accent-soft", theme::AccentSoft},
+        {"disabled", Disabled},
+        {"header", theme::Header},
+        {"line", theme::Line},
+        {"required", theme::Required},
+        {"surface", theme::Surface},
+        {"text", theme::Text},
+        {"text-quiet", theme::TextQuiet},
+        {"window", theme::Window},
     };
-    for (const auto& [token, color] : tokens) {
-        sheet.replace(token, color.name());
+    QByteArrayList pieces = file.readAll().split('@');
+    QByteArray sheet = pieces.takeFirst();
+    for (const QByteArray& piece : std::as_const(pieces)) {
+        const auto end = std::find_if_not(piece.begin(), piece.end(), isNameSign) - piece.begin();
+        sheet += colors.value(piece.first(end)).name().toUtf8() + piece.sliced(end);
     }
-    return sheet;
+    return QString::fromUtf8(sheet);
 }
 
 }  // namespace
