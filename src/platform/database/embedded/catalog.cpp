@@ -66,21 +66,22 @@ CatalogTable Catalog::read(const QString& table) const {
         // Only a key that the engine generates is declared by this word in capitals.
         known.columns.push_back({rows.text(1), declaredType(declared), declared == "INTEGER"_L1});
     }
-    readIndexes(known);
     return known;
 }
 
-void Catalog::readIndexes(CatalogTable& table) const {
+std::vector<QStringList> Catalog::indexes(const CatalogTable& table) const {
     SqliteStatement rows(database_,
                          "SELECT c.name, c.seqno FROM main.sqlite_schema i, pragma_index_info(i.name) c "
                          "WHERE i.type = 'index' AND i.tbl_name = " +
                              textSql(table.name) + " ORDER BY i.name, c.seqno");
+    std::vector<QStringList> known;
     while (rows.step()) {
         if (rows.whole(1) == 0) {
-            table.indexes.emplace_back();
+            known.emplace_back();
         }
-        table.indexes.back() += rows.text(0);
+        known.back() += rows.text(0);
     }
+    return known;
 }
 
 }  // namespace talvora::embedded

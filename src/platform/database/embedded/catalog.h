@@ -21,7 +21,6 @@ struct CatalogColumn {
 struct CatalogTable {
     QString name;
     std::vector<CatalogColumn> columns;
-    std::vector<QStringList> indexes;  ///< the columns of each, in their order
 
     /// The column of that name, whatever its case; null when there is none.
     const CatalogColumn* column(const QString& columnName) const;
@@ -36,13 +35,14 @@ class Catalog {
     const CatalogTable* find(const QString& table) const;
     /// The same; DatabaseError 208 when there is none.
     const CatalogTable& table(const QString& name) const;
+    /// The names of the columns of each index of the table, in the order of the index.
+    std::vector<QStringList> indexes(const CatalogTable& table) const;
 
     /// To be called when tables came or went.
     void clear();
 
  private:
     CatalogTable read(const QString& table) const;
-    void readIndexes(CatalogTable& table) const;
 
     sqlite3* database_;
     mutable std::unordered_map<QString, CatalogTable> tables_;  ///< by the name in small letters, those read so far

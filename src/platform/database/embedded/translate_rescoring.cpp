@@ -122,7 +122,8 @@ bool Translator::bindsByIndex(const Update& update, const Rescoring& rescoring) 
     const auto among = [](const QStringList& names) {
         return [&names](const QString& name) { return names.contains(name, Qt::CaseInsensitive); };
     };
-    return std::any_of(rescoring.table.indexes.begin(), rescoring.table.indexes.end(), [&](const QStringList& index) {
+    const auto indexes = catalog_.indexes(rescoring.table);
+    return std::any_of(indexes.begin(), indexes.end(), [&](const QStringList& index) {
         const auto answer = std::find_if_not(index.begin(), index.end(), among(fixed));
         return answer != index.begin() && index.end() - answer > 2 && same(answer[0], rescoring.answer->name) &&
                same(answer[1], rescoring.score->name) && std::all_of(answer + 2, index.end(), among(joined));
