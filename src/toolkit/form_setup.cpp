@@ -7,7 +7,10 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QSet>
 #include <QTextEdit>
+
+#include <algorithm>
 
 namespace talvora {
 
@@ -16,10 +19,20 @@ namespace {
 // What a window's frame and title bar take, where the platform has not told yet.
 constexpr QSize FrameAllowance(16, 40);
 
+// Whether the look of plain windows covers it.
+bool isPlain(const QWidget* control) {
+    static const QSet<QByteArray> plain{"QWidget",     "QFrame",       "QLabel",   "QLineEdit",
+                                        "QPushButton", "QRadioButton", "QCheckBox"};
+    return plain.contains(control->metaObject()->className());
+}
+
 }  // namespace
 
 void prepareControls(QWidget& window) {
     const auto controls = window.findChildren<QWidget*>();
+    if (!std::all_of(controls.begin(), controls.end(), isPlain)) {
+        completeTheme();
+    }
     for (QWidget* control : controls) {
         if (control->property("required").toBool()) {
             setRequired(control);

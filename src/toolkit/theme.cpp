@@ -60,10 +60,10 @@ bool isNameSign(char sign) {
     return (sign >= 'a' && sign <= 'z') || sign == '-';
 }
 
-// The style sheet names the colours of theme.h by words such as @accent.
-QString styleSheet() {
+// A style sheet names the colours of theme.h by words such as @accent.
+QString styleSheet(const QString& name) {
     initStyleSheet();
-    QFile file(u":/talvora/theme.qss"_s);
+    QFile file(u":/talvora/%1.qss"_s.arg(name));
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
     }
@@ -110,7 +110,14 @@ void applyTheme(QApplication& application) {
     QApplication::setStyle(new Style);
     QApplication::setPalette(palette());
     QApplication::setFont(theme::interfaceFont());
-    application.setStyleSheet(styleSheet());
+    application.setStyleSheet(styleSheet(u"theme_plain"_s));
+}
+
+void completeTheme() {
+    static bool isComplete = false;
+    if (!std::exchange(isComplete, true)) {
+        qApp->setStyleSheet(qApp->styleSheet() + styleSheet(u"theme"_s));
+    }
 }
 
 void setRequired(QWidget* field, bool required) {

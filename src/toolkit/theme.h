@@ -30,8 +30,12 @@ QFont interfaceFont();
 
 }  // namespace theme
 
-/// Gives the application its font, palette and style.
+/// Gives the application its font, palette and style, and to plain windows their whole look: to those of labels, fields of
+/// one line, buttons and options.
 void applyTheme(QApplication& application);
+
+/// Gives all other controls their look too. A Form with any of them does so by itself.
+void completeTheme();
 
 /// Makes a field look required or not, with the tooltip "淡黄背景表示必填项" when it has none. Fields that are always
 /// required carry the property `required` in their .ui file.

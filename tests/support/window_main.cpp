@@ -1,6 +1,7 @@
 #include "platform/user_settings.h"
 #include "tests/support/prompt_script.h"
 #include "toolkit/application.h"
+#include "toolkit/theme.h"
 
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
@@ -26,6 +27,7 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(report);
     ::testing::InitGoogleMock(&argc, argv);
     talvora::Application application(argc, argv);
+    talvora::completeTheme();
     const QTemporaryDir settings;
     talvora::setUserSettingsFile(settings.filePath(QStringLiteral("settings.ini")));
     // In charge where no other script is: every prompt fails the test.
