@@ -30,8 +30,8 @@ QFont interfaceFont();
 
 }  // namespace theme
 
-/// Gives the application its font, palette and style, and to plain windows their whole look: to those of labels, fields of
-/// one line, buttons and options.
+/// Gives the application its font, palette and style, and to plain windows their whole look: to those of labels, fields
+/// of one line, buttons and options.
 void applyTheme(QApplication& application);
 
 /// Gives all other controls their look too. A Form with any of them does so by itself.
