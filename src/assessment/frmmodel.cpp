@@ -7,6 +7,9 @@
 #include "toolkit/flexgrid.h"
 #include "toolkit/prompts.h"
 
+#include <QAbstractItemModel>
+#include <QHeaderView>
+
 namespace talvora {
 
 using namespace Qt::StringLiterals;
@@ -30,12 +33,19 @@ void frmModel::wire() {
     Combo1->setAccessibleName(u"测评试卷"_s);
     Combo1->hide();
     on(ui->fg1, &FlexGrid::Click, &frmModel::fg1_Click);
+    // What moves its cell away takes the list with it; the next click brings it back.
+    const auto hideList = [this] { Combo1->hide(); };
+    on(ui->fg1->model(), &QAbstractItemModel::rowsInserted, hideList);
+    on(ui->fg1->model(), &QAbstractItemModel::rowsRemoved, hideList);
+    on(ui->fg1->model(), &QAbstractItemModel::modelReset, hideList);
+    on(ui->fg1->horizontalHeader(), &QHeaderView::sectionResized, hideList);
     on(ui->cmdOK, &QPushButton::clicked, &frmModel::cmdOK_Click);
     on(ui->cmdClose, &QPushButton::clicked, &frmModel::cmdClose_Click);
 }
 
 void frmModel::setUpGrid() {
-    ui->fg1->setFormatString(u"|测评要素|  测评试卷  "_s);
+    // The blanks make room for the list over the cell, with a number of ten characters in it.
+    ui->fg1->setFormatString(u"|测评要素|  测评试卷"_s + QString(10, u' '));
     ui->fg1->setRows(1);
     ui->fg1->setColHidden(codeCol, true);
     ui->fg1->setStretchCol(nameCol);

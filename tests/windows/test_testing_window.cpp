@@ -124,6 +124,9 @@ TEST_F(TestWindow, ModelDialogListsThePapersAndChangesNothing) {
     EXPECT_TRUE(model.Combo1->isVisible() && model.Combo1->ListCount() == 0) << "a dimension's list comes up empty";
     clickCell(model.ui->fg1, 4, 1);
     EXPECT_FALSE(model.Combo1->isVisible());
+    clickCell(model.ui->fg1, 4, 2);
+    model.ui->fg1->setIsCollapsed(1, true);
+    EXPECT_TRUE(!model.ui->fg1->CellRect(4, 2).isEmpty() && !model.Combo1->isVisible()) << "its cell has moved";
 }
 
 TEST_F(TestWindow, ModelDialogRefusesAModelWithAnElementWithoutPapers) {
