@@ -56,6 +56,7 @@ Update Position Set PostName='主办会计',Peoples=3 where PostCode='001001'
 Select Distinct PostName from Position order by PostName -> 主办会计 / 总经理
 insert into Query (Query,Condition) values ('近期','Select * where Sex=''男'' and 1=1')
 Select * from Query order by Query -> 1|近期|Select * where Sex='男' and 1=1
+Delete from Query where QueryID=1; Select * from Query order by Query
 )"_s);
 }
 
@@ -131,11 +132,14 @@ update Examination set ScoreScope4='没有',ScoreScope5='a-b'
     EXPECT_EQ(verdict(5), u"error 245"_s);
     bank.walk(
         uR"(
+Select * From TestingResult WHERE (TypeCode is null  and SolutionID>0)  or (len(TypeCode)=6 and SolutionID =1) \
+    ORDER BY testingNumber
 SELECT DISTINCT TypeName FROM testingResult where typecode is null or SolutionID=0 order by TypeName -> 逻辑
 select TestingNumber from TestingResult where testingid=1 -> 1
 delete from TestingResultDetail where TestingID in (select TestingID from TestingResult where TestingNumber='1')
 Delete from TestingResult where TestingNumber='1'
 select count(*) from TestingResultDetail -> 0
+select * from testingresult where  IdNumber='1980X' order by TestingDate desc
 )"_s);
 }
 
