@@ -6,8 +6,6 @@
 #include "platform/database/embedded/embedded_driver.h"
 #include "setup/install.h"
 
-#include <algorithm>
-
 #if defined(__GLIBC__)
 #include <malloc.h>
 #endif
@@ -126,12 +124,6 @@ Sitting Bank::sitting() const {
         sitting.details.Add(detail);
     }
     return sitting;
-}
-
-double Costs::median(std::vector<double> seconds) {
-    const auto middle = seconds.begin() + static_cast<std::ptrdiff_t>(seconds.size() / 2);
-    std::nth_element(seconds.begin(), middle, seconds.end());
-    return *middle;
 }
 
 void report(benchmark::State& state, const char* name, const Costs& costs, const char* otherName, const Costs& other) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bench/median.h"
 #include "results/ctesting.h"
 #include "results/ctestingdetail.h"
 
@@ -64,8 +65,6 @@ class Costs {
     double cpu() const { return median(cpu_); }
 
  private:
-    static double median(std::vector<double> seconds);
-
     std::vector<double> clock_;
     std::vector<double> cpu_;
 };

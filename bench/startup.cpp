@@ -3,6 +3,7 @@
 // line of text, and that of a program of Qt alone. A process is started for each, by turns, so that a machine whose
 // speed drifts bears on all alike.
 #include "bench/first_paint.h"
+#include "bench/median.h"
 #include "core/mdlpublic.h"
 #include "setup/sample/sample.h"
 #include "setup/session.h"
@@ -26,6 +27,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using bench::FirstPaint;
+using bench::median;
 using bench::sharedClock;
 
 /// A sample bank in a folder of its own, and the connection file beside this program that leads to it. Both go at the
@@ -77,12 +79,6 @@ double secondsOf(const QString& part, const QString& program) {
     }
     constexpr double nanoseconds = 1E9;
     return static_cast<double>(process.readAllStandardOutput().toLongLong() - start) / nanoseconds;
-}
-
-double median(std::vector<double> seconds) {
-    const auto middle = seconds.begin() + static_cast<std::ptrdiff_t>(seconds.size() / 2);
-    std::nth_element(seconds.begin(), middle, seconds.end());
-    return *middle;
 }
 
 /// A kind of process, with what each of its runs took.
