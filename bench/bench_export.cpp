@@ -3,11 +3,11 @@
 // something to see where LibreOffice is installed (Debian: libreoffice-calc-nogui).
 
 #include "bench/bank.h"
-#include "platform/workbook_file.h"
-#include "results/export_list.h"
-#include "results/frmworkbook.h"
-#include "toolkit/application.h"
-#include "toolkit/flexgrid.h"
+#include "results/export/export_list.h"
+#include "spreadsheet/frmworkbook.h"
+#include "spreadsheet/workbook_file.h"
+#include "toolkit/application/application.h"
+#include "toolkit/grid/flexgrid.h"
 
 #include <QFile>
 #include <QProcess>

@@ -3,7 +3,7 @@
 #include "bench/bank.h"
 #include "bench/plain_database.h"
 #include "core/mdlpublic.h"
-#include "toolkit/application.h"
+#include "toolkit/application/application.h"
 #include "workbench/module_views.h"
 
 #include <QScrollBar>

@@ -7,7 +7,7 @@
 #include "core/mdlpublic.h"
 #include "setup/sample/sample.h"
 #include "setup/session.h"
-#include "toolkit/application.h"
+#include "toolkit/application/application.h"
 #include "workbench/main_routine.h"
 
 #include <QApplication>

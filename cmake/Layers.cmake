@@ -1,7 +1,7 @@
 # The layers of the house, proved at configure time: what lies below the windows must not reach a widget module,
 # however indirectly, and a window's source must not read a recordset.
 
-set(TALVORA_WIDGETLESS talvora_platform talvora_core talvora_records talvora_install)
+set(TALVORA_WIDGETLESS talvora_platform talvora_spreadsheet talvora_core talvora_records talvora_install)
 
 # Every library that `target` links, directly or through another target of the project.
 function(talvora_link_closure target out)
@@ -52,14 +52,14 @@ function(talvora_prove_layers)
         endif()
     endforeach()
 
-    # Whatever asks the user goes through toolkit/prompts.h, where a test can answer it.
+    # Whatever asks the user goes through toolkit/forms/prompts.h, where a test can answer it.
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*.h ${PROJECT_SOURCE_DIR}/src/*.cpp
          ${PROJECT_SOURCE_DIR}/setup/*.h ${PROJECT_SOURCE_DIR}/setup/*.cpp)
-    list(FILTER sources EXCLUDE REGEX "/src/toolkit/prompts\\.cpp$")
+    list(FILTER sources EXCLUDE REGEX "/src/toolkit/forms/prompts\\.cpp$")
     foreach(source IN LISTS sources)
         file(STRINGS ${source} boxes REGEX "Q(MessageBox|InputDialog|FileDialog)")
         if(boxes)
-            message(FATAL_ERROR "${source} must ask through toolkit/prompts.h: ${boxes}")
+            message(FATAL_ERROR "${source} must ask through toolkit/forms/prompts.h: ${boxes}")
         endif()
     endforeach()
 endfunction()

@@ -6,9 +6,9 @@
 #include "setup/import/import.h"
 #include "setup/sample/sample.h"
 #include "setup/session.h"
-#include "toolkit/busy.h"
-#include "toolkit/icons.h"
-#include "toolkit/prompts.h"
+#include "toolkit/application/busy.h"
+#include "toolkit/forms/prompts.h"
+#include "toolkit/look/icons.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -2,7 +2,7 @@
 
 #include "core/connection_file.h"
 #include "setup/install.h"
-#include "toolkit/form.h"
+#include "toolkit/forms/form.h"
 #include "ui_frmsetup.h"
 
 namespace talvora {

@@ -1,6 +1,6 @@
 #include "setup/commands.h"
 #include "setup/frmsetup.h"
-#include "toolkit/application.h"
+#include "toolkit/application/application.h"
 
 #include <QCoreApplication>
 

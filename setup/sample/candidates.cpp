@@ -1,6 +1,6 @@
 #include "setup/sample/candidates.h"
 
-#include "assessment/identity_number.h"
+#include "core/identity_number.h"
 
 #include <QStringList>
 

@@ -3,8 +3,8 @@
 #include "access/cfunction.h"
 #include "access/cmodule.h"
 #include "access/crole.h"
-#include "toolkit/prompts.h"
-#include "toolkit/quotes.h"
+#include "toolkit/forms/prompts.h"
+#include "toolkit/forms/quotes.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "access/croleright.h"
-#include "toolkit/form.h"
+#include "toolkit/forms/form.h"
 #include "ui_frmrole.h"
 
 namespace talvora {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "access/crole.h"
-#include "toolkit/form.h"
+#include "toolkit/forms/form.h"
 #include "ui_frmuser.h"
 
 namespace talvora {

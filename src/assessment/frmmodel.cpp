@@ -4,8 +4,8 @@
 #include "models/csolution.h"
 #include "platform/random.h"
 #include "testbank/cexamination.h"
-#include "toolkit/flexgrid.h"
-#include "toolkit/prompts.h"
+#include "toolkit/forms/prompts.h"
+#include "toolkit/grid/flexgrid.h"
 
 #include <QAbstractItemModel>
 #include <QHeaderView>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "results/ctesting.h"
-#include "toolkit/combobox.h"
-#include "toolkit/form.h"
+#include "toolkit/controls/combobox.h"
+#include "toolkit/forms/form.h"
 #include "ui_frmmodel.h"
 
 #include <memory>

@@ -9,7 +9,7 @@
 #include "settings/coption.h"
 #include "testbank/cexamination.h"
 #include "testbank/ctestingtype.h"
-#include "toolkit/quotes.h"
+#include "toolkit/forms/quotes.h"
 
 #include <QLineEdit>
 #include <QTabBar>

@@ -2,7 +2,7 @@
 
 #include "assessment/question_sheet.h"
 #include "results/ctesting.h"
-#include "toolkit/form.h"
+#include "toolkit/forms/form.h"
 #include "ui_frmtesting.h"
 
 #include <QTimer>

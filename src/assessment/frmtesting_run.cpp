@@ -7,8 +7,8 @@
 #include "platform/numbers.h"
 #include "platform/text.h"
 #include "testbank/cexamination.h"
-#include "toolkit/busy.h"
-#include "toolkit/prompts.h"
+#include "toolkit/application/busy.h"
+#include "toolkit/forms/prompts.h"
 
 #include <QFontMetricsF>
 #include <QPlainTextEdit>

@@ -2,7 +2,7 @@
 
 #include "platform/numbers.h"
 #include "platform/text.h"
-#include "toolkit/icons.h"
+#include "toolkit/look/icons.h"
 
 #include <algorithm>
 #include <array>

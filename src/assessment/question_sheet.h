@@ -3,7 +3,7 @@
 #include "results/ctesting.h"
 #include "results/ctestingdetail.h"
 #include "testbank/cquestion.h"
-#include "toolkit/flexgrid.h"
+#include "toolkit/grid/flexgrid.h"
 
 #include <QIcon>
 #include <QString>

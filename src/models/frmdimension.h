@@ -1,7 +1,7 @@
 #pragma once
 
 #include "models/cdimension.h"
-#include "toolkit/form.h"
+#include "toolkit/forms/form.h"
 #include "ui_frmdimension.h"
 
 namespace talvora {

@@ -5,8 +5,8 @@
 #include "organisation/post_prefix.h"
 #include "platform/numbers.h"
 #include "platform/text.h"
-#include "toolkit/date_field.h"
-#include "toolkit/quotes.h"
+#include "toolkit/controls/date_field.h"
+#include "toolkit/forms/quotes.h"
 
 #include <QToolButton>
 

@@ -2,7 +2,7 @@
 
 #include "models/cdimension.h"
 #include "models/csolution.h"
-#include "toolkit/form.h"
+#include "toolkit/forms/form.h"
 #include "ui_frmsolution.h"
 
 namespace talvora {

@@ -4,7 +4,7 @@
 #include "models/solution_grid.h"
 #include "models/solution_weights.h"
 #include "testbank/ctestingtype.h"
-#include "toolkit/prompts.h"
+#include "toolkit/forms/prompts.h"
 
 #include <QHash>
 #include <QToolButton>

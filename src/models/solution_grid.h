@@ -1,7 +1,7 @@
 #pragma once
 
 #include "models/cdimension.h"
-#include "toolkit/flexgrid.h"
+#include "toolkit/grid/flexgrid.h"
 
 namespace talvora {
 

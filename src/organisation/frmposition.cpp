@@ -3,8 +3,8 @@
 #include "organisation/cposition.h"
 #include "platform/numbers.h"
 #include "platform/runtime_error.h"
-#include "toolkit/prompts.h"
-#include "toolkit/whole_text.h"
+#include "toolkit/forms/prompts.h"
+#include "toolkit/forms/whole_text.h"
 
 #include <optional>
 

@@ -2,8 +2,8 @@
 
 #include "platform/numbers.h"
 #include "settings/coption.h"
-#include "toolkit/prompts.h"
-#include "toolkit/whole_text.h"
+#include "toolkit/forms/prompts.h"
+#include "toolkit/forms/whole_text.h"
 
 namespace talvora {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/form.h"
+#include "toolkit/forms/form.h"
 #include "ui_frmoption.h"
 
 namespace talvora {

@@ -2,9 +2,9 @@
 
 #include "platform/numbers.h"
 #include "testbank/ctestingtype.h"
-#include "toolkit/date_field.h"
-#include "toolkit/prompts.h"
-#include "toolkit/quotes.h"
+#include "toolkit/controls/date_field.h"
+#include "toolkit/forms/prompts.h"
+#include "toolkit/forms/quotes.h"
 
 #include <QToolButton>
 

@@ -2,7 +2,7 @@
 
 #include "testbank/cexamination.h"
 #include "testbank/score_bands.h"
-#include "toolkit/form.h"
+#include "toolkit/forms/form.h"
 #include "ui_frmexamination.h"
 
 #include <array>

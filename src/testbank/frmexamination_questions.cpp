@@ -2,7 +2,7 @@
 #include "platform/text.h"
 #include "testbank/frmexamination.h"
 #include "testbank/frmquestion.h"
-#include "toolkit/prompts.h"
+#include "toolkit/forms/prompts.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "platform/numbers.h"
 #include "platform/text.h"
-#include "toolkit/quotes.h"
+#include "toolkit/forms/quotes.h"
 
 namespace talvora {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "testbank/cquestion.h"
-#include "toolkit/form.h"
+#include "toolkit/forms/form.h"
 #include "ui_frmquestion.h"
 
 #include <array>

@@ -2,8 +2,8 @@
 
 #include "core/data_routines.h"
 #include "platform/numbers.h"
-#include "toolkit/date_field.h"
-#include "toolkit/quotes.h"
+#include "toolkit/controls/date_field.h"
+#include "toolkit/forms/quotes.h"
 
 namespace talvora {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "testbank/ctestingtype.h"
-#include "toolkit/form.h"
+#include "toolkit/forms/form.h"
 #include "ui_frmtypechild.h"
 
 #include <array>

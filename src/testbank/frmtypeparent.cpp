@@ -2,7 +2,7 @@
 
 #include "core/data_routines.h"
 #include "testbank/ctestingtype.h"
-#include "toolkit/quotes.h"
+#include "toolkit/forms/quotes.h"
 
 namespace talvora {
 

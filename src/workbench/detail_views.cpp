@@ -6,7 +6,7 @@
 #include "results/ctestingdetail.h"
 #include "testbank/cexamination.h"
 #include "testbank/ctestingtype.h"
-#include "toolkit/theme.h"
+#include "toolkit/look/theme.h"
 #include "workbench/list_rows.h"
 
 namespace talvora {

@@ -1,7 +1,7 @@
 #include "workbench/frmabout.h"
 
 #include "platform/title.h"
-#include "toolkit/icons.h"
+#include "toolkit/look/icons.h"
 #include "workbench/frmsysinfo.h"
 #include "workbench/outside_programs.h"
 

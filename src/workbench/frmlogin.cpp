@@ -2,16 +2,16 @@
 
 #include "access/cuser.h"
 #include "assessment/frmtesting.h"
-#include "assessment/identity_number.h"
+#include "core/identity_number.h"
 #include "core/mdlpublic.h"
 #include "core/resume_next.h"
 #include "platform/moment.h"
 #include "platform/numbers.h"
 #include "results/ctesting.h"
 #include "settings/coption.h"
-#include "toolkit/icons.h"
-#include "toolkit/prompts.h"
-#include "toolkit/quotes.h"
+#include "toolkit/forms/prompts.h"
+#include "toolkit/forms/quotes.h"
+#include "toolkit/look/icons.h"
 
 #include <QTimer>
 

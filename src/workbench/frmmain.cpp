@@ -5,7 +5,7 @@
 #include "core/mdlpublic.h"
 #include "platform/text.h"
 #include "platform/title.h"
-#include "results/cquery.h"
+#include "results/search/cquery.h"
 #include "workbench/list_commands.h"
 #include "workbench/module_views.h"
 #include "workbench/toolbar_buttons.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/form.h"
+#include "toolkit/forms/form.h"
 #include "ui_frmmain.h"
 
 #include <QString>
@@ -13,8 +13,8 @@ namespace talvora {
 /// It is one window in several files: the frame (frmmain.cpp), its measures (frmmain_layout.cpp), the menu
 /// (frmmain_menu.cpp), the grids' events (frmmain_grid.cpp), and one file for each toolbar's commands.
 ///
-/// Measures and positions are twips (toolkit/twips.h), within the area that the menu, the toolbar and the status bar
-/// leave.
+/// Measures and positions are twips (toolkit/forms/twips.h), within the area that the menu, the toolbar and the status
+/// bar leave.
 class frmMain : public DesignedForm<frmMain, Ui::frmMain> {
  public:
     /// The module now shown, spelled as its command gives it ("testingtype", "Roles"); empty before the first.

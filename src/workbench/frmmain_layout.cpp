@@ -1,5 +1,5 @@
 #include "platform/user_settings.h"
-#include "toolkit/twips.h"
+#include "toolkit/forms/twips.h"
 #include "workbench/frmmain.h"
 
 #include <QDateTime>

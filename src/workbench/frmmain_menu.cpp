@@ -1,6 +1,6 @@
 #include "settings/frmoption.h"
-#include "toolkit/last_resort.h"
-#include "toolkit/prompts.h"
+#include "toolkit/application/last_resort.h"
+#include "toolkit/forms/prompts.h"
 #include "workbench/frmabout.h"
 #include "workbench/frmmain.h"
 #include "workbench/outside_programs.h"

@@ -2,9 +2,9 @@
 
 #include "platform/numbers.h"
 #include "platform/text.h"
-#include "results/export_list.h"
-#include "toolkit/prompts.h"
-#include "toolkit/twips.h"
+#include "results/export/export_list.h"
+#include "toolkit/forms/prompts.h"
+#include "toolkit/forms/twips.h"
 #include "workbench/detail_views.h"
 #include "workbench/frmmain.h"
 #include "workbench/module_views.h"

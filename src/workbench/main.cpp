@@ -1,6 +1,6 @@
 #include "core/mdlpublic.h"
-#include "toolkit/application.h"
-#include "toolkit/last_resort.h"
+#include "toolkit/application/application.h"
+#include "toolkit/application/last_resort.h"
 #include "workbench/main_routine.h"
 
 int main(int argc, char** argv) {

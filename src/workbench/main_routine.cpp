@@ -1,7 +1,7 @@
 #include "workbench/main_routine.h"
 
 #include "core/mdlpublic.h"
-#include "toolkit/prompts.h"
+#include "toolkit/forms/prompts.h"
 #include "workbench/frmlogin.h"
 #include "workbench/frmmain.h"
 

@@ -1,7 +1,7 @@
 #include "workbench/module_tree.h"
 
 #include "platform/runtime_error.h"
-#include "toolkit/theme.h"
+#include "toolkit/look/theme.h"
 
 #include <QKeyEvent>
 

@@ -7,7 +7,7 @@
 #include "organisation/cposition.h"
 #include "testbank/cexamination.h"
 #include "testbank/ctestingtype.h"
-#include "toolkit/busy.h"
+#include "toolkit/application/busy.h"
 #include "workbench/list_rows.h"
 
 namespace talvora {

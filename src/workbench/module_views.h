@@ -1,7 +1,7 @@
 #pragma once
 
 #include "results/ctesting.h"
-#include "toolkit/flexgrid.h"
+#include "toolkit/grid/flexgrid.h"
 
 #include <QString>
 

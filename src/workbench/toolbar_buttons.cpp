@@ -1,6 +1,6 @@
 #include "workbench/toolbar_buttons.h"
 
-#include "toolkit/toolbar.h"
+#include "toolkit/controls/toolbar.h"
 
 // The blanks in the captions are part of them.
 namespace talvora {

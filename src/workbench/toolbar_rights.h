@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/toolbar.h"
+#include "toolkit/controls/toolbar.h"
 
 #include <QString>
 

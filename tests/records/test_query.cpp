@@ -1,6 +1,6 @@
-#include "results/cquery.h"
 #include "results/ctesting.h"
-#include "results/query_builder.h"
+#include "results/search/cquery.h"
+#include "results/search/query_builder.h"
 #include "support/database_fixture.h"
 #include "support/error_of.h"
 

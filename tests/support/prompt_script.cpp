@@ -1,6 +1,6 @@
 #include "tests/support/prompt_script.h"
 
-#include "toolkit/last_resort.h"
+#include "toolkit/application/last_resort.h"
 
 #include <gtest/gtest.h>
 

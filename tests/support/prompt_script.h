@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/prompts.h"
+#include "toolkit/forms/prompts.h"
 
 #include <QString>
 

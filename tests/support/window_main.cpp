@@ -1,7 +1,7 @@
 #include "platform/user_settings.h"
 #include "tests/support/prompt_script.h"
-#include "toolkit/application.h"
-#include "toolkit/theme.h"
+#include "toolkit/application/application.h"
+#include "toolkit/look/theme.h"
 
 #include <QTemporaryDir>
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/support/prompt_script.h"
-#include "toolkit/form.h"
+#include "toolkit/forms/form.h"
 
 #include <QString>
 #include <QTimer>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/form.h"
+#include "toolkit/forms/form.h"
 #include "ui_frmsample.h"
 
 #include <QString>

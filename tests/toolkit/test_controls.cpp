@@ -1,7 +1,7 @@
 #include "support/error_of.h"
 #include "support/windows.h"
-#include "toolkit/combobox.h"
-#include "toolkit/toolbar.h"
+#include "toolkit/controls/combobox.h"
+#include "toolkit/controls/toolbar.h"
 
 #include <QAction>
 #include <QMenu>

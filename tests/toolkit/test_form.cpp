@@ -1,9 +1,9 @@
 #include "tests/support/error_of.h"
 #include "tests/support/windows.h"
 #include "tests/toolkit/frmsample.h"
-#include "toolkit/application.h"
-#include "toolkit/last_resort.h"
-#include "toolkit/quotes.h"
+#include "toolkit/application/application.h"
+#include "toolkit/application/last_resort.h"
+#include "toolkit/forms/quotes.h"
 
 #include <QApplication>
 #include <QScreen>

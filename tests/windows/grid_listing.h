@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/flexgrid.h"
+#include "toolkit/grid/flexgrid.h"
 
 namespace talvora::test {
 

@@ -4,7 +4,7 @@
 #include "settings/coption.h"
 #include "testbank/cexamination.h"
 #include "testbank/ctestingtype.h"
-#include "toolkit/icons.h"
+#include "toolkit/look/icons.h"
 
 #include <QAbstractButton>
 #include <QTest>

@@ -2,8 +2,8 @@
 
 #include "support/database_fixture.h"
 #include "support/windows.h"
-#include "toolkit/combobox.h"
-#include "toolkit/flexgrid.h"
+#include "toolkit/controls/combobox.h"
+#include "toolkit/grid/flexgrid.h"
 
 #include <QString>
 

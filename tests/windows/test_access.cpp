@@ -2,8 +2,8 @@
 #include "access/frmpassword.h"
 #include "access/frmrole.h"
 #include "access/frmuser.h"
-#include "toolkit/checktree.h"
-#include "toolkit/toolbar.h"
+#include "toolkit/controls/checktree.h"
+#include "toolkit/controls/toolbar.h"
 #include "windows/journey_bank.h"
 #include "workbench/frmmain.h"
 

@@ -1,13 +1,13 @@
 // What the export routines write, cell by cell, and what the workbook's window and its preview do with it.
 
-#include "results/export_list.h"
-#include "results/export_reports.h"
-#include "results/frmpreview.h"
-#include "results/frmworkbook.h"
+#include "results/export/export_list.h"
+#include "results/export/export_reports.h"
+#include "spreadsheet/frmpreview.h"
+#include "spreadsheet/frmworkbook.h"
 #include "tests/support/database_fixture.h"
 #include "tests/support/error_of.h"
 #include "tests/support/windows.h"
-#include "toolkit/flexgrid.h"
+#include "toolkit/grid/flexgrid.h"
 
 #include <QDesktopServices>
 #include <QFile>

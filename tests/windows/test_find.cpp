@@ -1,4 +1,4 @@
-#include "results/frmfind.h"
+#include "results/search/frmfind.h"
 #include "windows/journey_bank.h"
 
 namespace talvora::test {

@@ -1,5 +1,5 @@
-#include "assessment/identity_number.h"
 #include "core/connection_file.h"
+#include "core/identity_number.h"
 #include "platform/database/connection_string.h"
 #include "platform/database/embedded/embedded_driver.h"
 #include "setup/install.h"

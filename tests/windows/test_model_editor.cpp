@@ -3,7 +3,7 @@
 #include "models/frmsolution.h"
 #include "models/importance.h"
 #include "models/solution_grid.h"
-#include "toolkit/toolbar.h"
+#include "toolkit/controls/toolbar.h"
 #include "windows/journey_bank.h"
 
 #include <QTest>

@@ -2,7 +2,7 @@
 #include "journey_bank.h"
 #include "platform/user_settings.h"
 #include "support/error_of.h"
-#include "toolkit/twips.h"
+#include "toolkit/forms/twips.h"
 #include "workbench/frmabout.h"
 #include "workbench/frmmain.h"
 #include "workbench/frmsysinfo.h"
