@@ -42,8 +42,7 @@ if ! findings=$("$bin/talvora-setup" check 2>&1); then
 fi
 
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
-    port=${TALVORA_VNC_PORT:-5900}
-    export QT_QPA_PLATFORM="vnc:size=1366x768:port=$port"
-    echo "No display here: the window is served over VNC at localhost:$port (size 1366x768, no password)."
+    ensure_packages "${vnc_packages[@]}"
+    exec scripts/with-vnc-display.sh "${TALVORA_VNC_PORT:-5900}" "$bin/talvora"
 fi
 exec "$bin/talvora"

@@ -7,6 +7,7 @@ build_packages=(
     fonts-noto-cjk
 )
 run_packages=(qt6-translations-l10n tdsodbc)
+vnc_packages=(tigervnc-standalone-server tigervnc-tools openbox xauth)
 test_packages=(tdsodbc libsqliteodbc libgtest-dev libgmock-dev python3-openpyxl)
 check_packages=(clang-format-14 libasan8 libubsan1)
 bench_packages=(libbenchmark-dev)
