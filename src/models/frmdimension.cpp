@@ -39,7 +39,7 @@ void frmDimension::Form_Load() {
 // A type that stands in the model is known by its name here, in contrast to the elements, which go by their code.
 void frmDimension::fillTypes() {
     cTestingTypes types;
-    for (const auto& type : types.Find(u"1"_s, QString())) {
+    for (const auto& type : types.Find(TypeKind::Main)) {
         const QString name = type->Name;
         const bool taken =
             std::any_of(InputLines.begin(), InputLines.end(), [&](const auto& line) { return line->TypeName == name; });

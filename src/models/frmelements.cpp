@@ -64,7 +64,7 @@ void frmElements::showLine(const cDimension& line) {
 void frmElements::cmbType_Click() {
     ui->cmbElements->Clear();
     cTestingTypes types;
-    for (const auto& type : types.Find(u"2"_s, ui->cmbType->text().left(DimensionDigits))) {
+    for (const auto& type : types.Find(TypeKind::Under, ui->cmbType->text().left(DimensionDigits))) {
         const bool taken = std::any_of(InputLines.begin(), InputLines.end(),
                                        [&](const auto& line) { return line->TypeCode == type->NowCode; });
         if (!taken) {

@@ -40,7 +40,7 @@ std::shared_ptr<cDimension> editedLine(const std::shared_ptr<cDimension>& line) 
 // Whether the model has every main type there is, by name. With no types at all it has not.
 bool hasAllTypes(const cDimensions& dimensions) {
     cTestingTypes types;
-    types.Find(u"1"_s, QString());
+    types.Find(TypeKind::Main);
     const auto isTaken = [&](const auto& type) {
         return std::any_of(dimensions.begin(), dimensions.end(),
                            [&](const auto& line) { return line->TypeName == QString(type->Name); });

@@ -56,10 +56,10 @@ void frmExamination::Form_Load() {
 
 void frmExamination::fillTypes() {
     cTestingTypes mainTypes;
-    for (const auto& mainType : mainTypes.Find(u"1"_s, QString())) {
+    for (const auto& mainType : mainTypes.Find(TypeKind::Main)) {
         ui->cmbTestingType->AddItem(mainType->Name, toInt32(mainType->NowCode));
         cTestingTypes subtypes;
-        for (const auto& subtype : subtypes.Find(u"2"_s, mainType->NowCode)) {
+        for (const auto& subtype : subtypes.Find(TypeKind::Under, mainType->NowCode)) {
             ui->cmbTestingType->AddItem(subtypeMark + subtype->Name.text(), toInt32(subtype->NowCode));
         }
     }
@@ -80,7 +80,7 @@ void frmExamination::cmbTestingType_Click() {
         return;
     }
     cTestingTypes types;
-    if (types.Find(u"detail"_s, code).Count() == 0) {
+    if (types.Find(TypeKind::Detail, code).Count() == 0) {
         return;
     }
     const auto subtype = types.Item(1);
