@@ -261,14 +261,13 @@ TYPED_TEST(ModelLine, AcceptsTheScoresOfTheChosenBand) {
     const QString notANumber = u"［分数］只能为数字型！"_s;
     const QString missing = std::is_same_v<TypeParam, frmElements> ? u"请输入［分数］的值！"_s : notANumber;
     const std::tuple<int, QString, QString> cases[] = {
-        {0, u"1|2| 1.5 |15E-1"_s, {}},
+        {0, u"1|2| 1.5 |15E-1|1,.5|&H2|1.5D0|1.5+|$1.5"_s, {}},
         {2, u"5|6"_s, {}},
         {3, u"7|8"_s, {}},
         {0, u"0.99|2.01"_s, u"［分数］只能在［1~2］之间！"_s},
         {2, u"4.99|6.5"_s, u"［分数］只能在［3~4］之间！"_s},
         {3, u"6.99|8.1"_s, u"［分数］只能在［7~8］之间！"_s},
-        // The platform takes the last four for numbers, but no statement does.
-        {0, u"一|1'|1,.5|&H2|1.5D0|1.5+"_s, notANumber},
+        {0, u"一|1'|1.5x"_s, notANumber},
         {0, u"| "_s, missing},
     };
     for (const auto& [importance, scores, refusal] : cases) {
