@@ -86,7 +86,7 @@ BankPlan::BankPlan(const std::vector<ImportPaper>& papers, ImportFaults& faults)
 
 void BankPlan::load() {
     cTestingTypes types;
-    for (const auto& type : types.Find(u"1"_s, {})) {
+    for (const auto& type : types.Find(TypeKind::Main)) {
         auto& mainType = mainTypes_[comparable(type->Name)];
         highestMainType_ = std::max(highestMainType_, type->NowCode.toInt());
         if (mainType.code.isEmpty()) {
@@ -102,7 +102,7 @@ void BankPlan::load() {
 
 void BankPlan::loadSubtypes(BankMainType& mainType) {
     cTestingTypes types;
-    for (const auto& type : types.Find(u"2"_s, mainType.code)) {
+    for (const auto& type : types.Find(TypeKind::Under, mainType.code)) {
         if (type->NowCode.size() != subtypeCodeLength) {
             continue;
         }

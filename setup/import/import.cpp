@@ -21,7 +21,7 @@ namespace {
 // What has been made so far is kept by name: its key is read back when it is needed, so that it can be taken out again
 // even when the reading of the key is what failed.
 struct MadeType {
-    QString kind;    ///< "1" a main type, "2" a subtype
+    TypeKind kind;   ///< Main, or Under for a subtype
     QString parent;  ///< of a subtype: the code of its main type
     QString name;
 
@@ -93,7 +93,7 @@ class BankWriter {
     }
 
     QString addMainType(const ImportPaper& paper) {
-        const MadeType made{u"1"_s, {}, paper.mainType};
+        const MadeType made{TypeKind::Main, {}, paper.mainType};
         demand(cTestingType().AddNew(u"parent"_s, {}, made.name), u"测评主类［%1］"_s.arg(made.name));
         types_.push_back(made);
         ++outcome_.mainTypes;
@@ -108,7 +108,7 @@ class BankWriter {
             type.*testingTypeWords[static_cast<std::size_t>(i)] = planned.words[i];
             type.*testingTypeNotes[static_cast<std::size_t>(i)] = planned.explanations[i];
         }
-        const MadeType made{u"2"_s, mainCode, paper.subtype};
+        const MadeType made{TypeKind::Under, mainCode, paper.subtype};
         demand(type.AddNew(u"child"_s, mainCode, made.name), u"测评子类［%1］"_s.arg(made.name));
         types_.push_back(made);
         ++outcome_.subtypes;

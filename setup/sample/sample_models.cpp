@@ -19,7 +19,7 @@ enum Column { Model, Post, Version, Line, Score, Weight, ColumnCount };
 QHash<QString, QString> typeCodes() {
     QHash<QString, QString> codes;
     cTestingTypes types;
-    for (const auto& type : types.Find(u"all"_s, {})) {
+    for (const auto& type : types.Find(TypeKind::All)) {
         codes.insert(type->Name, type->NowCode);
     }
     return codes;

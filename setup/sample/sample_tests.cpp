@@ -40,7 +40,7 @@ struct Bank {
 Bank readBank() {
     Bank bank;
     cTestingTypes types;
-    for (const auto& type : types.Find(u"all"_s, {})) {
+    for (const auto& type : types.Find(TypeKind::All)) {
         cExaminations papers;
         papers.FindByTypeCode(type->NowCode, false);
         if (papers.Count() == 0) {

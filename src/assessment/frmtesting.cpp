@@ -99,10 +99,10 @@ void frmTesting::fillChoices() {
 
 void frmTesting::fillTestTree() {
     cTestingTypes mainTypes;
-    for (const auto& mainType : mainTypes.Find(u"1"_s, QString())) {
+    for (const auto& mainType : mainTypes.Find(TypeKind::Main)) {
         ui->cmbTypeName->AddItem(mainType->Name, testData(u'1', mainType->NowCode));
         cTestingTypes subtypes;
-        for (const auto& subtype : subtypes.Find(u"2"_s, mainType->NowCode)) {
+        for (const auto& subtype : subtypes.Find(TypeKind::Under, mainType->NowCode)) {
             ui->cmbTypeName->AddItem(choosable + subtype->Name.text(), testData(u'2', subtype->NowCode));
         }
     }

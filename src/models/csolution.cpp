@@ -35,11 +35,10 @@ QString headUpdate(const cSolution& solution) {
 }
 
 // The percentage of the screen is stored as a fraction with four decimals at most: 33.33% as .3333, 100.% as 1. with
-// its point. A weight of nothing would come out as the point alone, which no statement takes.
+// its point. A weight of nothing comes out as the point alone, and its line's statement fails, which is meant.
 QString storedFraction(const QString& percentage) {
     constexpr int decimals = 4;
-    const QString fraction = formatOptional(percentNumber(percentage), decimals);
-    return fraction == "."_L1 ? u"0"_s : fraction;
+    return formatOptional(percentNumber(percentage), decimals);
 }
 
 void insertLine(const cDimension& line, qint16 solutionId) {

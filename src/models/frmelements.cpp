@@ -1,7 +1,5 @@
 #include "models/frmelements.h"
 
-#include "models/importance.h"
-#include "models/line_text.h"
 #include "platform/text.h"
 #include "testbank/ctestingtype.h"
 
@@ -12,18 +10,13 @@ namespace talvora {
 using namespace Qt::StringLiterals;
 
 void frmElements::wire() {
+    LineDialog::wire();
     on(ui->cmbType, &ComboBox::Click, &frmElements::cmbType_Click);
-    on(ui->cmbImportant, &ComboBox::Click, &frmElements::cmbImportant_Click);
-    on(ui->Command1, &QPushButton::clicked, &frmElements::Command1_Click);
-    on(ui->Command2, &QPushButton::clicked, &frmElements::Command2_Click);
 }
 
 void frmElements::Form_Load() {
-    ResultLines.Clear();
+    LineDialog::Form_Load();
     fillTypes();
-    for (const QString& entry : importanceEntries()) {
-        ui->cmbImportant->AddItem(entry);
-    }
     ui->cmbImportant->setListIndex(0);
     if (!AddMode) {
         showLine(*InputLines.Item(1));
@@ -64,7 +57,7 @@ void frmElements::showLine(const cDimension& line) {
 void frmElements::cmbType_Click() {
     ui->cmbElements->Clear();
     cTestingTypes types;
-    for (const auto& type : types.Find(u"2"_s, ui->cmbType->text().left(DimensionDigits))) {
+    for (const auto& type : types.Find(TypeKind::Under, ui->cmbType->text().left(DimensionDigits))) {
         const bool taken = std::any_of(InputLines.begin(), InputLines.end(),
                                        [&](const auto& line) { return line->TypeCode == type->NowCode; });
         if (!taken) {
@@ -76,10 +69,6 @@ void frmElements::cmbType_Click() {
     }
 }
 
-void frmElements::cmbImportant_Click() {
-    ui->txtScore->setText(middleScoreOf(ui->cmbImportant->text()));
-}
-
 bool frmElements::passesChecks() {
     if (ui->cmbElements->text().isEmpty()) {
         warn(u"［测评要素］不能为空！"_s, ui->cmbElements);
@@ -89,29 +78,13 @@ bool frmElements::passesChecks() {
         warn(u"请输入［分数］的值！"_s, ui->txtScore);
         return false;
     }
-    if (!isScore(ui->txtScore->text())) {
-        warn(u"［分数］只能为数字型！"_s, ui->txtScore);
-        return false;
-    }
-    const QString refusal = scoreRefusal(ui->cmbImportant->text(), ui->txtScore->text());
-    if (!refusal.isEmpty()) {
-        warn(refusal, ui->txtScore);
-    }
-    return refusal.isEmpty();
+    return passesScore();
 }
 
 void frmElements::Command1_Click() {
-    if (!passesChecks()) {
-        return;
+    if (passesChecks()) {
+        handBack(ui->cmbElements->text(), ElementDigits);
     }
-    ResultLines.Clear();
-    ResultLines.Add(lineOf(ui->cmbElements->text(), ElementDigits, ui->txtScore->text()));
-    Unload();
-}
-
-void frmElements::Command2_Click() {
-    ResultLines.Clear();
-    Unload();
 }
 
 }  // namespace talvora

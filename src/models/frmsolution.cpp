@@ -34,7 +34,7 @@ void frmSolution::wire() {
     on(ui->fg2, &FlexGrid::Click, &frmSolution::fg2_Click);
     on(ui->fg2, &FlexGrid::DblClick, &frmSolution::fg2_DblClick);
     on(ui->Command1, &QPushButton::clicked, &frmSolution::Command1_Click);
-    on(ui->Command2, &QPushButton::clicked, &frmSolution::Command2_Click);
+    on(ui->Command2, &QPushButton::clicked, &frmSolution::Unload);
 }
 
 void frmSolution::wireToolbar() {
@@ -101,7 +101,7 @@ void frmSolution::showModel(qint16 solutionId) {
     cDimensions lines;
     solution::showLines(*ui->fg2, lines.Find(solutionId));
     if (ui->fg2->Rows() > solution::FirstRow) {
-        ui->fg2->Select(solution::FirstRow, solution::DimensionCol);
+        goToFirstLine();
     }
 }
 
@@ -171,10 +171,6 @@ void frmSolution::Command1_Click() {
         return;
     }
     // A failure of the database closes the window, too, without a word.
-    Unload();
-}
-
-void frmSolution::Command2_Click() {
     Unload();
 }
 

@@ -8,7 +8,7 @@
 namespace talvora {
 
 /// The editor of a competency model: its head, and a grid of its dimensions and elements with their scores and
-/// weights. Only Command1 touches the tables.
+/// weights. Only Command1 touches the tables. Escape does nothing, so that a slip of the hand loses no work.
 class frmSolution : public DesignedForm<frmSolution, Ui::frmSolution> {
  public:
     /// Add a model, or edit the one of `SolutionIDOf`. To be written before the window is shown.
@@ -40,12 +40,12 @@ class frmSolution : public DesignedForm<frmSolution, Ui::frmSolution> {
     void fg2_DblClick();
     void setLineButton(const QString& key, bool enabled);
     void DisableLineButtons();
+    void goToFirstLine();
 
     // Saving.
     bool passesChecks();
     cSolution head() const;
     void Command1_Click();
-    void Command2_Click();
 };
 
 }  // namespace talvora

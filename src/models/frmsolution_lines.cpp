@@ -7,7 +7,6 @@
 #include "toolkit/forms/prompts.h"
 
 #include <QHash>
-#include <QToolButton>
 
 #include <algorithm>
 
@@ -40,7 +39,7 @@ std::shared_ptr<cDimension> editedLine(const std::shared_ptr<cDimension>& line) 
 // Whether the model has every main type there is, by name. With no types at all it has not.
 bool hasAllTypes(const cDimensions& dimensions) {
     cTestingTypes types;
-    types.Find(u"1"_s, QString());
+    types.Find(TypeKind::Main);
     const auto isTaken = [&](const auto& type) {
         return std::any_of(dimensions.begin(), dimensions.end(),
                            [&](const auto& line) { return line->TypeName == QString(type->Name); });
@@ -59,32 +58,35 @@ void frmSolution::Toolbar1_ButtonClick(const QString& key) {
         {u"add1"_s, &frmSolution::add1}, {u"edit1"_s, &frmSolution::edit1}, {u"del1"_s, &frmSolution::del1},
         {u"add2"_s, &frmSolution::add2}, {u"edit2"_s, &frmSolution::edit2}, {u"del2"_s, &frmSolution::del2},
     };
-    (this->*commands.value(key))();
+    if (const auto command = commands.value(key)) {
+        (this->*command)();
+    }
 }
 
 void frmSolution::add1() {
     const cDimensions dimensions = dimensionLines(*ui->fg2);
     if (hasAllTypes(dimensions)) {
-        warn(u"已经增加了所有的维度，不可再行增加！"_s, ui->fg2);
+        MsgBox(u"已经增加了所有的维度，不可再行增加！"_s, vbExclamation);
         return;
     }
     const auto line = chosenLine<frmDimension>(true, dimensions);
     if (!line) {
         return;
     }
+    const int row = ui->fg2->Rows();
     appendDimension(*ui->fg2, *line);
     weighDimensions(*ui->fg2);
-    ui->fg2->Select(ui->fg2->Rows() - 1, DimensionCol);
     setLineButton(u"edit1"_s, true);
+    if (row == FirstRow) {
+        goToFirstLine();
+    } else {
+        ui->fg2->ShowCell(row, DimensionCol);
+    }
 }
 
 void frmSolution::edit1() {
+    // Neither this nor del1 looks whether a line is current: while there are any, one is.
     FlexGrid& fg = *ui->fg2;
-    // While there are lines, only a click on a title leaves none of them current.
-    if (fg.Row() < FirstRow) {
-        warn(u"请选择要修改的维度！"_s, ui->fg2);
-        return;
-    }
     const auto line = editedLine<frmDimension>(dimensionLine(fg, fg.Row()));
     if (!line) {
         return;
@@ -95,38 +97,35 @@ void frmSolution::edit1() {
         }
     }
     weighDimensions(fg);
-    weighElements(fg, line->TypeCode, ElementCol);
+    weighElementsCodedUnder(fg, line->TypeCode);
 }
 
 void frmSolution::del1() {
     FlexGrid& fg = *ui->fg2;
-    if (fg.Row() < FirstRow) {
-        warn(u"请选择拟删除的测评维度！"_s, ui->fg2);
-        return;
-    }
     if (!confirmed(fg.TextMatrix(fg.Row(), DimensionCol), u'！')) {
         return;
     }
     removeDimension(fg, dimensionCode(fg, fg.Row()));
     weighDimensions(fg);
     for (const auto& dimension : dimensionLines(fg)) {
-        weighElements(fg, dimension->TypeCode, DimensionCol);
+        weighElementsOnRowsOf(fg, dimension->TypeCode);
     }
     DisableLineButtons();
 }
 
 void frmSolution::add2() {
     if (ui->fg2->Rows() == FirstRow) {
-        warn(u"请先增加［测评维度］！"_s, ui->fg2);
+        MsgBox(u"请先增加［测评维度］！"_s, vbExclamation);
         return;
     }
     const auto line = chosenLine<frmElements>(true, modelLines(*ui->fg2));
     if (!line) {
         return;
     }
-    ui->fg2->Select(placeElement(*ui->fg2, *line), ElementCol);
-    weighElements(*ui->fg2, dimensionCodeOf(*line), DimensionCol);
+    const int row = placeElement(*ui->fg2, *line);
+    weighElementsOnRowsOf(*ui->fg2, dimensionCodeOf(*line));
     setLineButton(u"edit2"_s, true);
+    ui->fg2->ShowCell(row, ElementCol);
 }
 
 void frmSolution::edit2() {
@@ -134,7 +133,7 @@ void frmSolution::edit2() {
     const int row = fg.Row();
     if (row < FirstRow) {
         // The words say dimension, which is meant.
-        warn(u"请选择要修改的维度！"_s, ui->fg2);
+        MsgBox(u"请选择要修改的维度！"_s, vbExclamation);
         return;
     }
     const auto line = editedLine<frmElements>(elementLine(fg, row));
@@ -142,7 +141,7 @@ void frmSolution::edit2() {
         return;
     }
     writeElement(fg, row, *line);
-    weighElements(fg, dimensionCodeOf(*line), DimensionCol);
+    weighElementsOnRowsOf(fg, dimensionCodeOf(*line));
     setLineButton(u"edit2"_s, true);
 }
 
@@ -150,7 +149,7 @@ void frmSolution::del2() {
     FlexGrid& fg = *ui->fg2;
     const int row = fg.Row();
     if (row < FirstRow) {
-        warn(u"请选择拟删除的测评要素！"_s, ui->fg2);
+        MsgBox(u"请选择拟删除的测评要素！"_s, vbExclamation);
         return;
     }
     if (!confirmed(fg.TextMatrix(row, ElementCol), u'？')) {
@@ -159,7 +158,7 @@ void frmSolution::del2() {
     // With its last element a dimension is gone, and the weights of the others stay.
     const QString code = dimensionCode(fg, row);
     fg.RemoveItem(row);
-    weighElements(fg, code, DimensionCol);
+    weighElementsOnRowsOf(fg, code);
     DisableLineButtons();
 }
 
@@ -178,6 +177,14 @@ void frmSolution::fg2_DblClick() {
     }
     // As the button does, whether or not that is enabled.
     Toolbar1_ButtonClick(ui->fg2->Col() <= DimensionWeightCol ? u"edit1"_s : u"edit2"_s);
+}
+
+// Makes the first line current as a click on its dimension does, so that the commands have one to act on. After that
+// the choice is the user's.
+void frmSolution::goToFirstLine() {
+    ui->fg2->Select(FirstRow, DimensionCol);
+    setLineButton(u"del1"_s, true);
+    setLineButton(u"del2"_s, false);
 }
 
 void frmSolution::setLineButton(const QString& key, bool enabled) {

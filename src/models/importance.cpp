@@ -2,8 +2,6 @@
 
 #include "platform/numbers.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -48,17 +46,10 @@ QStringList importanceEntries() {
     return entries;
 }
 
-bool isScore(const QString& text) {
-    static const QRegularExpression form(u"^ *[+-]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([Ee][+-]?[0-9]+)? *$"_s);
-    return form.match(text).hasMatch() && isNumeric(text);
-}
-
 int importanceOf(const QString& score) {
-    if (!isNumeric(score)) {
-        return -1;
-    }
-    const double value = toNumber(score);
-    const auto band = std::find_if(bands.begin(), bands.end(), [&](const Band& one) { return one.holds(value); });
+    const auto value = numberIn(score);
+    const auto band =
+        std::find_if(bands.begin(), bands.end(), [&](const Band& one) { return value && one.holds(*value); });
     return band == bands.end() ? -1 : static_cast<int>(std::distance(bands.begin(), band));
 }
 
@@ -68,8 +59,12 @@ QString middleScoreOf(const QString& entry) {
 }
 
 QString scoreRefusal(const QString& entry, const QString& score) {
+    const auto value = numberIn(score);
+    if (!value) {
+        return u"［分数］只能为数字型！"_s;
+    }
     const Band* band = bandOf(entry);
-    return !band || band->holds(toNumber(score)) ? QString() : band->refusal.toString();
+    return !band || band->holds(*value) ? QString() : band->refusal.toString();
 }
 
 }  // namespace talvora

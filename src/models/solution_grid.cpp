@@ -12,14 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int percentDecimals = 2;
-
 QString named(const cDimension& line) {
     return lineText(line.TypeCode, line.TypeName);
 }
 
 QString storedPercent(const cDimension& line) {
-    return formatOptionalPercent(toNumber(line.Weighing), percentDecimals);
+    return percentText(toNumber(line.Weighing));
 }
 
 bool hasElement(const FlexGrid& fg, int row) {
@@ -34,6 +32,11 @@ QString dimensionCells(const FlexGrid& fg, int row) {
 }
 
 }  // namespace
+
+QString percentText(double share) {
+    constexpr int decimals = 2;
+    return formatOptionalPercent(share, decimals);
+}
 
 void setUpGrid(FlexGrid& fg) {
     constexpr int nameWidth = 16;  // in Chinese characters
@@ -142,7 +145,14 @@ int placeElement(FlexGrid& fg, const cDimension& line) {
         }
         last = row;
     }
-    fg.AddItem(dimensionCells(fg, last), last + 1);
+    // The rows below move down by their texts: the cursor stays at its place.
+    fg.AddItem(QString());
+    for (int row = fg.Rows() - 1; row > last; --row) {
+        for (int col = 0; col < fg.Cols(); ++col) {
+            fg.setTextMatrix(row, col, fg.TextMatrix(row - 1, col));
+        }
+    }
+    fg.setTextMatrix(last + 1, ElementWeightCol, QString());
     writeElement(fg, last + 1, line);
     return last + 1;
 }

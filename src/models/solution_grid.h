@@ -18,6 +18,9 @@ inline constexpr int ElementCol = 3;          ///< six digits, a blank, the name
 inline constexpr int ElementScoreCol = 4;
 inline constexpr int ElementWeightCol = 5;
 
+/// A weight as the grid writes it: 0.3333 is "33.33%", 1 is "100.%", 0 is ".%".
+QString percentText(double share);
+
 /// Gives the grid its titles, its merging and no lines.
 void setUpGrid(FlexGrid& fg);
 
@@ -49,10 +52,11 @@ void appendDimension(FlexGrid& fg, const cDimension& line);
 void writeElement(FlexGrid& fg, int row, const cDimension& line);
 
 /// Writes an element into the first free row of its dimension, or into a new one behind the dimension's last, and gives
-/// that row.
+/// that row. The row that a cursor is on keeps its number.
 int placeElement(FlexGrid& fg, const cDimension& line);
 
-/// Removes rows of a dimension: all of them at the bottom of the grid, but of several higher up only every other one.
+/// Removes rows of a dimension: up to three at the bottom of the grid go whole, but of more there, and of several
+/// higher up, some stay.
 void removeDimension(FlexGrid& fg, const QString& code);
 
 }  // namespace solution

@@ -1,21 +1,16 @@
 #include "models/solution_weights.h"
 
-#include "models/solution_grid.h"
 #include "platform/numbers.h"
 #include "platform/optional_format.h"
 
-namespace talvora {
-
-using namespace solution;
+namespace talvora::solution {
 
 namespace {
 
-constexpr int percentDecimals = 2;
 constexpr int fractionDecimals = 4;
 
 double scoreIn(const FlexGrid& grid, int row, int col) {
-    const QString text = grid.TextMatrix(row, col);
-    return isNumeric(text) ? toNumber(text) : 0;
+    return numberIn(grid.TextMatrix(row, col)).value_or(0);
 }
 
 double share(double score, double sum) {
@@ -26,6 +21,19 @@ double share(double score, double sum) {
 double fractionOf(const QString& percentage) {
     constexpr double hundred = 100;
     return leadingNumber(formatOptional(leadingNumber(percentage) / hundred, fractionDecimals));
+}
+
+// The elements on the rows whose text in the column begins with the code.
+void weighElements(FlexGrid& grid, const QString& code, int col) {
+    const double sum = SumElementScores(grid, code);
+    for (int row = FirstRow; row < grid.Rows(); ++row) {
+        // A dimension that has no element yet has no element weight.
+        if (grid.TextMatrix(row, col).startsWith(code) && !grid.TextMatrix(row, ElementCol).isEmpty()) {
+            const double weight =
+                fractionOf(grid.TextMatrix(row, DimensionWeightCol)) * share(scoreIn(grid, row, ElementScoreCol), sum);
+            grid.setTextMatrix(row, ElementWeightCol, percentText(weight));
+        }
+    }
 }
 
 }  // namespace
@@ -50,20 +58,16 @@ void weighDimensions(FlexGrid& grid) {
     const double sum = SumDimensionScores(grid);
     for (int row = FirstRow; row < grid.Rows(); ++row) {
         const double weight = share(scoreIn(grid, row, DimensionScoreCol), sum);
-        grid.setTextMatrix(row, DimensionWeightCol, formatOptionalPercent(weight, percentDecimals));
+        grid.setTextMatrix(row, DimensionWeightCol, percentText(weight));
     }
 }
 
-void weighElements(FlexGrid& grid, const QString& code, int by) {
-    const double sum = SumElementScores(grid, code);
-    for (int row = FirstRow; row < grid.Rows(); ++row) {
-        // A dimension that has no element yet has no element weight.
-        if (grid.TextMatrix(row, by).startsWith(code) && !grid.TextMatrix(row, ElementCol).isEmpty()) {
-            const double weight =
-                fractionOf(grid.TextMatrix(row, DimensionWeightCol)) * share(scoreIn(grid, row, ElementScoreCol), sum);
-            grid.setTextMatrix(row, ElementWeightCol, formatOptionalPercent(weight, percentDecimals));
-        }
-    }
+void weighElementsOnRowsOf(FlexGrid& grid, const QString& code) {
+    weighElements(grid, code, DimensionCol);
 }
 
-}  // namespace talvora
+void weighElementsCodedUnder(FlexGrid& grid, const QString& code) {
+    weighElements(grid, code, ElementCol);
+}
+
+}  // namespace talvora::solution

@@ -8,7 +8,6 @@
 
 #include <cmath>
 #include <limits>
-#include <optional>
 
 namespace talvora {
 
@@ -32,7 +31,9 @@ std::optional<double> radixNumber(const QString& text) {
     return bits <= 0xFFFFU ? static_cast<qint16>(bits) : static_cast<qint32>(bits);
 }
 
-std::optional<double> parseNumber(const QString& raw) {
+}  // namespace
+
+std::optional<double> numberIn(const QString& raw) {
     static const QRegularExpression form(
         u"^(?<open>\\()?\\s*(?<sign>[+-])?\\s*[$¥￥]?\\s*(?<whole>[0-9][0-9,]*)?(?<fraction>\\.[0-9]*)?"
         "(?:[EeDd](?<exponent>[+-]?[0-9]+))?\\s*(?<tail>[+-])?\\s*(?<close>\\))?$"_s);
@@ -65,6 +66,8 @@ std::optional<double> parseNumber(const QString& raw) {
     return negative ? -value : value;
 }
 
+namespace {
+
 template <class Whole>
 Whole rounded(double value) {
     const double whole = std::nearbyint(value);
@@ -77,11 +80,11 @@ Whole rounded(double value) {
 }  // namespace
 
 bool isNumeric(const QString& text) {
-    return parseNumber(text).has_value();
+    return numberIn(text).has_value();
 }
 
 double toNumber(const QString& text) {
-    const auto value = parseNumber(text);
+    const auto value = numberIn(text);
     if (!value) {
         throw RuntimeError(errors::TypeMismatch);
     }

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace talvora {
 
 /// Whether the platform takes `text` for a number: blanks around it, one sign in front or behind, digits with group
@@ -9,7 +11,10 @@ namespace talvora {
 /// hexadecimal and octal. Full-width digits are none.
 bool isNumeric(const QString& text);
 
-/// The number that `text` spells by the rules of isNumeric. Throws RuntimeError 13 when it spells none.
+/// The number that `text` spells by the rules of isNumeric, none when it spells none.
+std::optional<double> numberIn(const QString& text);
+
+/// The same. Throws RuntimeError 13 when it spells none.
 double toNumber(const QString& text);
 
 /// The number at the start of `text`, blanks passed over, 0 when there is none ("12ab" is 12, "" is 0). Never throws.

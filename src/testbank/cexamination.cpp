@@ -6,6 +6,7 @@
 #include "core/transaction.h"
 #include "platform/numbers.h"
 #include "platform/text.h"
+#include "testbank/column_settings.h"
 
 #include <QStringList>
 
@@ -14,10 +15,6 @@ namespace talvora {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int labelLength = 2;
-constexpr qint16 defaultAnswerAmount = 2;
-constexpr qint16 defaultTestingTime = 10;
 
 QString paperInsert(const cExamination& paper) {
     const QStringList head{paper.TypeCode, paper.ExaminationNum, paper.Author,       paper.Auditing,
@@ -38,26 +35,19 @@ QString paperInsert(const cExamination& paper) {
 }
 
 QString paperUpdate(const cExamination& paper) {
-    const auto set = [](const QString& column, const QString& value) { return column + u"='"_s + value + u'\''; };
-    QStringList settings{set(u"ExaminationNum"_s, paper.ExaminationNum),
-                         set(u"Author"_s, paper.Author),
-                         set(u"Auditing"_s, paper.Auditing),
-                         set(u"Approver"_s, paper.Approver),
-                         set(u"WriteDate"_s, paper.WriteDate),
-                         set(u"AuditingDate"_s, paper.AuditingDate),
-                         set(u"ApproverDate"_s, paper.ApproverDate),
+    QStringList settings{columnSetting(u"ExaminationNum"_s, paper.ExaminationNum),
+                         columnSetting(u"Author"_s, paper.Author),
+                         columnSetting(u"Auditing"_s, paper.Auditing),
+                         columnSetting(u"Approver"_s, paper.Approver),
+                         columnSetting(u"WriteDate"_s, paper.WriteDate),
+                         columnSetting(u"AuditingDate"_s, paper.AuditingDate),
+                         columnSetting(u"ApproverDate"_s, paper.ApproverDate),
                          u"AnswerAmount="_s + QString::number(paper.AnswerAmount),
                          u"TestingTime="_s + QString::number(paper.TestingTime),
-                         set(u"Note"_s, paper.Note)};
-    int number = 0;
-    for (const auto scope : examinationScopes) {
-        settings += set(u"ScoreScope%1"_s.arg(++number), paper.*scope);
-    }
-    number = 0;
-    for (const auto word : examinationWords) {
-        settings += set(u"DescScope%1"_s.arg(++number), paper.*word);
-    }
-    settings += set(u"Status"_s, paper.Status);
+                         columnSetting(u"Note"_s, paper.Note)};
+    settings += numberedSettings(u"ScoreScope"_s, paper, examinationScopes);
+    settings += numberedSettings(u"DescScope"_s, paper, examinationWords);
+    settings += columnSetting(u"Status"_s, paper.Status);
     return u"update Examination set "_s + settings.join(u',') + u" where ExaminationID="_s +
            QString::number(paper.ExaminationID);
 }
@@ -69,7 +59,7 @@ QString questionInsert(const cQuestion& question, int answers, qint16 paperId) {
     for (int i = 0; i < answers; ++i) {
         const auto index = static_cast<std::size_t>(i);
         columns << u"Answer%1"_s.arg(i + 1) << u"Score%1"_s.arg(i + 1);
-        values += u'\'' + dropLeft(question.*questionAnswers[index], labelLength) + u"',"_s +
+        values += u'\'' + dropLeft(question.*questionAnswers[index], answerLabelLength) + u"',"_s +
                   QString::number(question.*questionScores[index]);
     }
     return u"insert into ExaminationQuestion ("_s + columns.join(u',') + u") values ("_s + QString::number(paperId) +
@@ -78,7 +68,7 @@ QString questionInsert(const cQuestion& question, int answers, qint16 paperId) {
 
 // An amount of answers that no paper has writes no question and is no error.
 void insertQuestions(const cQuestions& questions, qint16 answerAmount, qint16 paperId) {
-    if (answerAmount < defaultAnswerAmount || answerAmount > static_cast<qint16>(questionAnswers.size())) {
+    if (answerAmount < leastAnswerAmount || answerAmount > mostAnswerAmount) {
         return;
     }
     for (const auto& question : questions) {

@@ -10,6 +10,10 @@
 
 namespace talvora {
 
+/// What a new paper starts with, and what a row that does not say counts as having.
+inline constexpr qint16 defaultAnswerAmount = 2;
+inline constexpr qint16 defaultTestingTime = 10;  // minutes
+
 /// A test paper of one subtype. A score band is "lower-upper", "-" when it is not in use; the word of the same number
 /// is a copy of one of the subtype's words.
 struct cExamination {
@@ -35,8 +39,8 @@ struct cExamination {
     QString DescScope4;
     QString Status;  ///< "0 - 建立中" or "1 - 已完成"
 
-    /// Adds this record, but for its key, and the questions, whose answers come with a label of two characters that is
-    /// cut off. Taken when just one paper of the subtype bears the number. Failed leaves the transaction open.
+    /// Adds this record, but for its key, and the questions, whose answers come with their labels. Taken when just one
+    /// paper of the subtype bears the number. Failed leaves the transaction open.
     talvora::Status AddNew(const cQuestions& questions) const;
 
     /// Writes this record, but for its TypeCode, into the row of its key, and replaces all questions, labelled as

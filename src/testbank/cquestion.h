@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <array>
 
 namespace talvora {
@@ -31,6 +32,20 @@ inline constexpr std::array<QString cQuestion::*, 5> questionAnswers{
     &cQuestion::Answer1, &cQuestion::Answer2, &cQuestion::Answer3, &cQuestion::Answer4, &cQuestion::Answer5};
 inline constexpr std::array<qint16 cQuestion::*, 5> questionScores{
     &cQuestion::Score1, &cQuestion::Score2, &cQuestion::Score3, &cQuestion::Score4, &cQuestion::Score5};
+
+/// The number of answers that the questions of a paper may have.
+inline constexpr qint16 leastAnswerAmount = 2;
+inline constexpr qint16 mostAnswerAmount = questionAnswers.size();
+
+/// How many answers of a question are in use where its paper has `amount` of them. An amount that is out of range
+/// counts as the nearest in it.
+constexpr int answersInUse(int amount) {
+    return std::clamp<int>(amount, leastAnswerAmount, mostAnswerAmount);
+}
+
+/// The label in front of an answer in the paper's editor, a letter and a dot: the editor hands it over with the answer,
+/// and the paper's record cuts it off.
+inline constexpr qsizetype answerLabelLength = 2;
 
 class cQuestions : public Collection<cQuestion, NumberKey<&cQuestion::QuestionID>> {
  public:

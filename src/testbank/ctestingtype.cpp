@@ -5,6 +5,7 @@
 #include "core/resume_next.h"
 #include "core/status_of.h"
 #include "core/transaction.h"
+#include "testbank/column_settings.h"
 
 #include <QStringList>
 
@@ -38,23 +39,16 @@ QString subtypeInsert(const cTestingType& type, const QString& name, const QStri
 }
 
 QString rowUpdate(const cTestingType& type, const QString& code, const QString& name) {
-    const auto set = [](const QString& column, const QString& value) { return column + u"='"_s + value + u'\''; };
-    QStringList settings{set(u"TestingType"_s, name),
-                         set(u" Author"_s, type.Author),
-                         set(u" Auditing"_s, type.Auditing),
-                         set(u" Approver"_s, type.Approver),
-                         set(u" WriteDate"_s, type.WriteDate),
-                         set(u" AuditingDate"_s, type.AuditingDate),
-                         set(u" ApproverDate"_s, type.ApproverDate)};
-    int number = 0;
-    for (const auto word : testingTypeWords) {
-        settings += set(u" TestingResult%1"_s.arg(++number), type.*word);
-    }
-    number = 0;
-    for (const auto note : testingTypeNotes) {
-        settings += set(u" TestingNote%1"_s.arg(++number), type.*note);
-    }
-    settings += set(u" Note"_s, type.Note);
+    QStringList settings{columnSetting(u"TestingType"_s, name),
+                         columnSetting(u" Author"_s, type.Author),
+                         columnSetting(u" Auditing"_s, type.Auditing),
+                         columnSetting(u" Approver"_s, type.Approver),
+                         columnSetting(u" WriteDate"_s, type.WriteDate),
+                         columnSetting(u" AuditingDate"_s, type.AuditingDate),
+                         columnSetting(u" ApproverDate"_s, type.ApproverDate)};
+    settings += numberedSettings(u" TestingResult"_s, type, testingTypeWords);
+    settings += numberedSettings(u" TestingNote"_s, type, testingTypeNotes);
+    settings += columnSetting(u" Note"_s, type.Note);
     return u"Update TestingType Set "_s + settings.join(u',') + u" where TypeCode='"_s + code + u'\'';
 }
 
@@ -136,21 +130,19 @@ Status cTestingType::Delete(const QString& code) {
 
 namespace {
 
-QString findStatement(const QString& kind, const QString& code) {
-    if (kind == "all"_L1) {
-        return u"Select * from TestingType order by TypeCode "_s;
+QString findStatement(TypeKind kind, const QString& code) {
+    switch (kind) {
+        case TypeKind::All:
+            return u"Select * from TestingType order by TypeCode "_s;
+        case TypeKind::Main:
+            return u"Select * from TestingType where Len(TypeCode)  =3 order by TypeCode"_s;
+        case TypeKind::Under:
+            return u"Select * from TestingType where left(TypeCode,"_s + QString::number(code.size()) + u") ='"_s +
+                   code + u"' and len(TypeCode)>3 order by TypeCode"_s;
+        case TypeKind::Detail:
+            break;
     }
-    if (kind == "1"_L1) {
-        return u"Select * from TestingType where Len(TypeCode)  =3 order by TypeCode"_s;
-    }
-    if (kind == "2"_L1) {
-        return u"Select * from TestingType where left(TypeCode,"_s + QString::number(code.size()) + u") ='"_s + code +
-               u"' and len(TypeCode)>3 order by TypeCode"_s;
-    }
-    if (kind == "detail"_L1) {
-        return u"Select * from TestingType where TypeCode ='"_s + code + u'\'';
-    }
-    throw RuntimeError(errors::InvalidCall);
+    return u"Select * from TestingType where TypeCode ='"_s + code + u'\'';
 }
 
 void fill(cTestingType& type, const Row& row) {
@@ -175,7 +167,7 @@ void fill(cTestingType& type, const Row& row) {
 
 }  // namespace
 
-cTestingTypes& cTestingTypes::Find(const QString& kind, const QString& code) {
+cTestingTypes& cTestingTypes::Find(TypeKind kind, const QString& code) {
     load(findStatement(kind, code), fill);
     return *this;
 }

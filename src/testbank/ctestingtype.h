@@ -16,7 +16,7 @@ inline constexpr qsizetype subtypeCodeLength = 6;
 
 /// A test type: a main type when its code has three characters, a subtype when it has six.
 struct cTestingType {
-    QString AddType;  ///< a kind word; kept for its setter's sake, nothing reads it
+    QString AddType;  ///< a kind word without use: AddNew takes the kind as an argument
     LimitedText<50> Name;
     QString NowCode;
     QString Author;
@@ -58,10 +58,18 @@ inline constexpr std::array<QString cTestingType::*, 4> testingTypeWords{
 inline constexpr std::array<QString cTestingType::*, 4> testingTypeNotes{
     &cTestingType::TestingNote1, &cTestingType::TestingNote2, &cTestingType::TestingNote3, &cTestingType::TestingNote4};
 
+/// What cTestingTypes::Find loads.
+enum class TypeKind {
+    All,
+    Main,
+    Under,  ///< what stands under a main type's code: its subtypes, and a main type whose code of four begins with it
+    Detail  ///< the one type of a code
+};
+
 class cTestingTypes : public Collection<cTestingType, TextKey<&cTestingType::NowCode>> {
  public:
-    /// Loads by kind: "all", "1" the main types, "2" what stands under main code `code`, "detail" the one row of it.
-    cTestingTypes& Find(const QString& kind, const QString& code);
+    /// Loads the types of the kind by code. All and Main do not look at `code`.
+    cTestingTypes& Find(TypeKind kind, const QString& code = {});
 };
 
 }  // namespace talvora

@@ -16,8 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto subtypeMark = " |-"_L1;
-constexpr int leastAnswers = 2;
-constexpr int mostAnswers = 5;
 
 }  // namespace
 
@@ -32,7 +30,7 @@ std::array<frmExamination::BandFields, scoreBandCount> frmExamination::bandField
 
 void frmExamination::wire() {
     ui->UpDown1->setBuddy(ui->txtAnswerAmount);
-    ui->UpDown1->setRange(leastAnswers, mostAnswers);
+    ui->UpDown1->setRange(leastAnswerAmount, mostAnswerAmount);
     ui->Toolbar1->addButton(u"add"_s, u"增加题目"_s);
     ui->Toolbar1->addButton(u"edit"_s, u"修改题目"_s);
     ui->Toolbar1->addButton(u"del"_s, u"删除题目"_s);
@@ -56,10 +54,10 @@ void frmExamination::Form_Load() {
 
 void frmExamination::fillTypes() {
     cTestingTypes mainTypes;
-    for (const auto& mainType : mainTypes.Find(u"1"_s, QString())) {
+    for (const auto& mainType : mainTypes.Find(TypeKind::Main)) {
         ui->cmbTestingType->AddItem(mainType->Name, toInt32(mainType->NowCode));
         cTestingTypes subtypes;
-        for (const auto& subtype : subtypes.Find(u"2"_s, mainType->NowCode)) {
+        for (const auto& subtype : subtypes.Find(TypeKind::Under, mainType->NowCode)) {
             ui->cmbTestingType->AddItem(subtypeMark + subtype->Name.text(), toInt32(subtype->NowCode));
         }
     }
@@ -72,7 +70,8 @@ QString frmExamination::typeCodeOf(int entry) const {
 // Only the words of the subtype can be chosen, so that a paper has none of its own. A change of the subtype empties
 // the choices made before.
 void frmExamination::cmbTestingType_Click() {
-    for (const auto& band : bandFields()) {
+    const auto fields = bandFields();
+    for (const auto& band : fields) {
         band.word->Clear();
     }
     const QString code = typeCodeOf(ui->cmbTestingType->ListIndex());
@@ -80,13 +79,13 @@ void frmExamination::cmbTestingType_Click() {
         return;
     }
     cTestingTypes types;
-    if (types.Find(u"detail"_s, code).Count() == 0) {
+    if (types.Find(TypeKind::Detail, code).Count() == 0) {
         return;
     }
     const auto subtype = types.Item(1);
     for (const auto word : testingTypeWords) {
         if (const QString text = (*subtype).*word; !text.isEmpty()) {
-            for (const auto& band : bandFields()) {
+            for (const auto& band : fields) {
                 band.word->AddItem(text);
             }
         }
@@ -102,12 +101,11 @@ void frmExamination::InitializeForm() {
 }
 
 void frmExamination::startPaper() {
-    constexpr qint16 usualMinutes = 10;
     ui->txtExaminationNum->clear();
     ui->txtAuthor->clear();
     showDate(ui->dtpWriteDate, QString());
-    ui->txtTestingTime->setText(QString::number(usualMinutes));
-    ui->txtAnswerAmount->setText(QString::number(leastAnswers));
+    ui->txtTestingTime->setText(QString::number(defaultTestingTime));
+    ui->txtAnswerAmount->setText(QString::number(defaultAnswerAmount));
     if (ui->cmbTestingType->ListCount() > 0) {
         ui->cmbTestingType->setListIndex(0);
     }
@@ -135,30 +133,29 @@ void frmExamination::showPaper() {
     for (const auto& question : cExamination::GetQuestions(ExaminationIDOf)) {
         addQuestionRows(++number, *question, u'．');
     }
-    goToQuestion(1);
 }
 
 // A word that is no longer one of the subtype's is refused by its list, with an error that ends the program.
 void frmExamination::showBands(const cExamination& paper) {
-    for (std::size_t number = 0; number < scoreBandCount; ++number) {
-        const BandFields fields = bandFields()[number];
+    const auto fields = bandFields();
+    for (std::size_t number = 0; number < fields.size(); ++number) {
         ScoreBand band;
         band.setScope(paper.*examinationScopes[number]);
-        fields.lower->setText(band.lower);
-        fields.upper->setText(band.upper);
+        fields[number].lower->setText(band.lower);
+        fields[number].upper->setText(band.upper);
     }
-    for (std::size_t number = 0; number < scoreBandCount; ++number) {
+    for (std::size_t number = 0; number < fields.size(); ++number) {
         if (const QString word = paper.*examinationWords[number]; !word.isEmpty()) {
-            bandFields()[number].word->setText(word);
+            fields[number].word->setText(word);
         }
     }
 }
 
 ScoreBands frmExamination::bands() const {
+    const auto fields = bandFields();
     ScoreBands bands;
-    for (std::size_t number = 0; number < scoreBandCount; ++number) {
-        const BandFields fields = bandFields()[number];
-        bands[number] = {fields.lower->text(), fields.upper->text(), fields.word->text()};
+    for (std::size_t number = 0; number < fields.size(); ++number) {
+        bands[number] = {fields[number].lower->text(), fields[number].upper->text(), fields[number].word->text()};
     }
     return bands;
 }
@@ -187,9 +184,7 @@ bool frmExamination::passesChecks() {
 cExamination frmExamination::paper(const QString& status) const {
     cExamination paper;
     paper.ExaminationID = ExaminationIDOf;
-    if (AddMode) {
-        paper.TypeCode = typeCodeOf(ui->cmbTestingType->ListIndex());
-    }
+    paper.TypeCode = typeCodeOf(ui->cmbTestingType->ListIndex());
     paper.ExaminationNum = ui->txtExaminationNum->text();
     paper.Author = ui->txtAuthor->text();
     paper.Auditing = ui->txtAuditing->text();

@@ -11,7 +11,7 @@
 namespace talvora {
 
 /// The dialog in which a test paper is put together: its subtype, its score bands with their words, its questions.
-/// Only OK touches the tables.
+/// Only OK touches the tables. Escape does nothing, so that a slip of the hand loses no work.
 class frmExamination : public DesignedForm<frmExamination, Ui::frmExamination> {
  public:
     bool AddMode = false;
@@ -44,7 +44,7 @@ class frmExamination : public DesignedForm<frmExamination, Ui::frmExamination> {
     void writeQuestion(int row, const cQuestion& question, QChar dot);
     std::shared_ptr<cQuestion> readQuestion(int row) const;
     int currentBlock() const;
-    void goToQuestion(int row);
+    void updateEditButton();
     void Toolbar1_ButtonClick(const QString& key);
     void addQuestion();
     void editQuestion();

@@ -18,12 +18,6 @@ namespace {
 constexpr int numberCol = 0;
 constexpr int textCol = 1;
 constexpr int scoreCol = 2;
-constexpr qsizetype labelLength = 2;  // letter and dot
-
-/// The answers that a block shows. The rows of a block are always counted by the amount itself.
-std::size_t answersShown(qint16 amount) {
-    return std::clamp<std::size_t>(static_cast<std::size_t>(amount), 2, questionAnswers.size());
-}
 
 }  // namespace
 
@@ -34,6 +28,12 @@ void frmExamination::setUpQuestions() {
     ui->fg2->setColAlignment(scoreCol, GridAlign::CenterTop);
     ui->fg2->setColWordWrap(textCol, true);
     ui->fg2->setStretchCol(textCol);
+    updateEditButton();
+}
+
+// Without a question there is nothing to change, and the command would end the program.
+void frmExamination::updateEditButton() {
+    ui->Toolbar1->setUsable(u"edit"_s, ui->fg2->Rows() > ui->fg2->FixedRows());
 }
 
 qint16 frmExamination::answerAmount() const {
@@ -42,26 +42,33 @@ qint16 frmExamination::answerAmount() const {
 
 void frmExamination::addQuestionRows(int number, const cQuestion& question, QChar dot) {
     const int row = ui->fg2->Rows();
-    ui->fg2->setRows(row + 1 + static_cast<int>(answersShown(answerAmount())));
+    ui->fg2->setRows(row + 1 + answersInUse(answerAmount()));
     ui->fg2->setTextMatrix(row, numberCol, QString::number(number));
     writeQuestion(row, question, dot);
+    updateEditButton();
+    // The first one becomes current, so that the buttons have a question to act on. Later ones leave the choice alone.
+    if (row == ui->fg2->FixedRows()) {
+        ui->fg2->Select(row, textCol);
+    }
 }
 
 void frmExamination::writeQuestion(int row, const cQuestion& question, QChar dot) {
     ui->fg2->setTextMatrix(row, textCol, question.QuestionName);
-    for (std::size_t answer = 0; answer < answersShown(answerAmount()); ++answer) {
-        const QString label = QString(QChar(u'A' + static_cast<int>(answer))) + dot;
-        ui->fg2->setTextMatrix(++row, textCol, label + question.*questionAnswers[answer]);
-        ui->fg2->setTextMatrix(row, scoreCol, QString::number(question.*questionScores[answer]));
+    for (int answer = 0; answer < answersInUse(answerAmount()); ++answer) {
+        const auto index = static_cast<std::size_t>(answer);
+        const QString label = QString(QChar(u'A' + answer)) + dot;
+        ui->fg2->setTextMatrix(++row, textCol, label + question.*questionAnswers[index]);
+        ui->fg2->setTextMatrix(row, scoreCol, QString::number(question.*questionScores[index]));
     }
 }
 
 std::shared_ptr<cQuestion> frmExamination::readQuestion(int row) const {
     auto question = std::make_shared<cQuestion>();
     question->QuestionName = ui->fg2->TextMatrix(row, textCol);
-    for (std::size_t answer = 0; answer < answersShown(answerAmount()); ++answer) {
-        (*question).*questionAnswers[answer] = ui->fg2->TextMatrix(++row, textCol);
-        (*question).*questionScores[answer] = toInt16(ui->fg2->TextMatrix(row, scoreCol));
+    for (int answer = 0; answer < answersInUse(answerAmount()); ++answer) {
+        const auto index = static_cast<std::size_t>(answer);
+        (*question).*questionAnswers[index] = ui->fg2->TextMatrix(++row, textCol);
+        (*question).*questionScores[index] = toInt16(ui->fg2->TextMatrix(row, scoreCol));
     }
     return question;
 }
@@ -73,12 +80,6 @@ int frmExamination::currentBlock() const {
         --row;
     }
     return row;
-}
-
-void frmExamination::goToQuestion(int row) {
-    if (row < ui->fg2->Rows()) {
-        ui->fg2->Select(row, textCol);
-    }
 }
 
 void frmExamination::Toolbar1_ButtonClick(const QString& key) {
@@ -104,19 +105,21 @@ void frmExamination::addQuestion() {
     for (int row = 1; row < ui->fg2->Rows(); row += answerAmount() + 1) {
         ui->fg2->setTextMatrix(row, numberCol, QString::number(++number));
     }
-    const int last = ui->fg2->Rows();
+    const int row = ui->fg2->Rows();
     addQuestionRows(++number, *dialog.Questions.Item(1), u'.');
-    goToQuestion(last);
+    // In view from its first row on, however small the grid is.
+    ui->fg2->ShowCell(ui->fg2->Rows() - 1, textCol);
+    ui->fg2->ShowCell(row, textCol);
 }
 
 void frmExamination::editQuestion() {
     const int row = currentBlock();
-    // On the header, or with no question at all, this is its title, which is no number: the program ends.
+    // On the header this is its title, which is no number: the program ends.
     const qint16 number = toInt16(ui->fg2->TextMatrix(row, numberCol));
     const auto question = readQuestion(row);
     question->QuestionID = number;
     for (const auto answer : questionAnswers) {
-        (*question).*answer = dropLeft((*question).*answer, labelLength);
+        (*question).*answer = dropLeft((*question).*answer, answerLabelLength);
     }
     frmQuestion& dialog = frmQuestion::Default();
     dialog.AddMode = false;
@@ -139,6 +142,7 @@ void frmExamination::deleteQuestion() {
     for (int rows = answerAmount() + 1; rows > 0; --rows) {
         ui->fg2->RemoveItem(row);
     }
+    updateEditButton();
 }
 
 // Nothing gives the questions their keys here. So the second meets the first one's: error 457, which ends the program.

@@ -8,18 +8,12 @@ namespace talvora {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int alwaysInUse = 2;
-
-}  // namespace
-
 void frmQuestion::wire() {
     on(ui->Command1, &QPushButton::clicked, &frmQuestion::Command1_Click);
-    on(ui->Command2, &QPushButton::clicked, &frmQuestion::Command2_Click);
+    on(ui->Command2, &QPushButton::clicked, &frmQuestion::Unload);
 }
 
-std::array<frmQuestion::AnswerFields, 5> frmQuestion::answerFields() const {
+std::array<frmQuestion::AnswerFields, mostAnswerAmount> frmQuestion::answerFields() const {
     return {{{ui->txtAnswerA, ui->txtScoreA},
              {ui->txtAnswerB, ui->txtScoreB},
              {ui->txtAnswerC, ui->txtScoreC},
@@ -33,7 +27,7 @@ void frmQuestion::Form_Load() {
     }
     const auto fields = answerFields();
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        const bool inUse = i < alwaysInUse || static_cast<int>(i) < AnswerAmount;
+        const bool inUse = static_cast<int>(i) < answersInUse(AnswerAmount);
         fields[i].text->setEnabled(inUse);
         fields[i].score->setEnabled(inUse);
         if (!AddMode && inUse) {
@@ -46,50 +40,49 @@ void frmQuestion::Form_Load() {
 
 bool frmQuestion::passesChecks() {
     const QString name = ui->txtQuestionName->text();
-    const struct {
-        bool fails;
-        QString words;
-    } checks[] = {
-        {name.isEmpty(), u"请输入［题目名称］！"_s},
-        // In a test a row is told to be an answer by these letters.
-        {!name.isEmpty() && u"ABCDE"_s.contains(name.front()),
-         u"［题目名称］中的第一个字符不能为［A、B、C、D、E］！"_s},
-        {HasQuoteInText(*this), u"文本框中不可输入字符［'］！"_s},
-    };
-    for (const auto& check : checks) {
-        if (check.fails) {
-            warn(check.words, ui->txtQuestionName);
-            return false;
-        }
+    if (name.isEmpty()) {
+        warn(u"请输入［题目名称］！"_s, ui->txtQuestionName);
+        return false;
+    }
+    // In a test a row is told to be an answer by these letters.
+    if (u"ABCDE"_s.contains(name.front())) {
+        warn(u"［题目名称］中的第一个字符不能为［A、B、C、D、E］！"_s, ui->txtQuestionName);
+        return false;
+    }
+    if (HasQuoteInText(*this)) {
+        warn(u"文本框中不可输入字符［'］！"_s, ui->txtQuestionName);
+        return false;
     }
     return passesAnswerChecks();
 }
 
 bool frmQuestion::passesAnswerChecks() {
-    const auto fields = answerFields();
-    const auto complete = [&](int i) {
-        const bool filled =
-            !trimBlanks(fields[i].text->text()).isEmpty() && !trimBlanks(fields[i].score->text()).isEmpty();
-        if (!filled) {
-            warn(u"请输入［答案%1］及其分数！"_s.arg(QChar(u'A' + i)), fields[i].text);
-        }
-        return filled;
-    };
-    const auto numeric = [&](int i) {
-        const bool isNumber = isNumeric(fields[i].score->text());
-        if (!isNumber) {
-            warn(u"［分数］只能为数字型！"_s, fields[i].score);
-        }
-        return isNumber;
-    };
     // A and B are asked for together, before the scores of either are looked at.
-    if (!complete(0) || !complete(1) || !numeric(0) || !numeric(1)) {
+    if (!passesEntry(0) || !passesEntry(1) || !passesNumber(0) || !passesNumber(1)) {
         return false;
     }
-    for (int i = alwaysInUse; i < static_cast<int>(fields.size()) && i < AnswerAmount; ++i) {
-        if (!complete(i) || !numeric(i)) {
+    for (int answer = leastAnswerAmount; answer < answersInUse(AnswerAmount); ++answer) {
+        if (!passesEntry(answer) || !passesNumber(answer)) {
             return false;
         }
+    }
+    return true;
+}
+
+bool frmQuestion::passesEntry(int answer) {
+    const AnswerFields fields = answerFields()[static_cast<std::size_t>(answer)];
+    if (trimBlanks(fields.text->text()).isEmpty() || trimBlanks(fields.score->text()).isEmpty()) {
+        warn(u"请输入［答案%1］及其分数！"_s.arg(QChar(u'A' + answer)), fields.text);
+        return false;
+    }
+    return true;
+}
+
+bool frmQuestion::passesNumber(int answer) {
+    QLineEdit* score = answerFields()[static_cast<std::size_t>(answer)].score;
+    if (!isNumeric(score->text())) {
+        warn(u"［分数］只能为数字型！"_s, score);
+        return false;
     }
     return true;
 }
@@ -110,10 +103,6 @@ void frmQuestion::Command1_Click() {
         question.*questionAnswers[i] = fields[i].text->text();
         question.*questionScores[i] = score.isEmpty() ? qint16{0} : toInt16(score);
     }
-    Unload();
-}
-
-void frmQuestion::Command2_Click() {
     Unload();
 }
 

@@ -29,12 +29,13 @@ class frmQuestion : public DesignedForm<frmQuestion, Ui::frmQuestion> {
         QLineEdit* score;
     };
     /// A to E.
-    std::array<AnswerFields, 5> answerFields() const;
+    std::array<AnswerFields, mostAnswerAmount> answerFields() const;
 
     bool passesChecks();
     bool passesAnswerChecks();
+    bool passesEntry(int answer);
+    bool passesNumber(int answer);
     void Command1_Click();
-    void Command2_Click();
 };
 
 }  // namespace talvora

@@ -32,7 +32,7 @@ void frmTypeChild::Form_Load() {
 // opened for editing shows, and OK changes, the row of its main type. This order of events is meant.
 void frmTypeChild::fillMainTypes() {
     cTestingTypes mainTypes;
-    for (const auto& mainType : mainTypes.Find(u"1"_s, QString())) {
+    for (const auto& mainType : mainTypes.Find(TypeKind::Main)) {
         ui->cmbType->AddItem(mainType->Name, toInt32(mainType->NowCode));
     }
     for (int entry = 0; entry < ui->cmbType->ListCount(); ++entry) {
@@ -52,7 +52,7 @@ void frmTypeChild::InitializeForm() {
     cTestingType type;
     if (!AddMode) {
         cTestingTypes types;
-        type = *types.Find(u"detail"_s, TypeCodeOf).Item(1);
+        type = *types.Find(TypeKind::Detail, TypeCodeOf).Item(1);
     }
     ui->txtTypeName->setText(type.Name);
     ui->txtAuthor->setText(type.Author);
@@ -61,30 +61,29 @@ void frmTypeChild::InitializeForm() {
     showDate(ui->dtpWriteDate, type.WriteDate);
     showDate(ui->dtpAuditingDate, type.AuditingDate);
     showDate(ui->dtpApproverDate, type.ApproverDate);
-    for (std::size_t row = 0; row < testingTypeWords.size(); ++row) {
-        wordFields()[row]->setText(type.*testingTypeWords[row]);
-        noteFields()[row]->setText(type.*testingTypeNotes[row]);
+    const auto words = wordFields();
+    const auto notes = noteFields();
+    for (std::size_t row = 0; row < words.size(); ++row) {
+        words[row]->setText(type.*testingTypeWords[row]);
+        notes[row]->setText(type.*testingTypeNotes[row]);
     }
     ui->txtNote->setText(type.Note);
 }
 
 bool frmTypeChild::passesChecks() {
-    const QString noWord = u"请输入［测评级别］及其［测评说明］！"_s;
-    const struct {
-        bool fails;
-        QString words;
-        QWidget* field;
-    } checks[] = {
-        {ui->txtTypeName->text().isEmpty(), u"请先输入［类型名称］！"_s, ui->txtTypeName},
-        {ui->cmbResult1->text().isEmpty(), noWord, ui->cmbResult1},
-        {ui->cmbResult2->text().isEmpty(), noWord, ui->cmbResult2},
-        {HasQuoteInText(*this), u"文本框中不可输入字符［'］！"_s, ui->txtTypeName},
-    };
-    for (const auto& check : checks) {
-        if (check.fails) {
-            warn(check.words, check.field);
+    if (ui->txtTypeName->text().isEmpty()) {
+        warn(u"请先输入［类型名称］！"_s, ui->txtTypeName);
+        return false;
+    }
+    for (ComboBox* required : {ui->cmbResult1, ui->cmbResult2}) {
+        if (required->text().isEmpty()) {
+            warn(u"请输入［测评级别］及其［测评说明］！"_s, required);
             return false;
         }
+    }
+    if (HasQuoteInText(*this)) {
+        warn(u"文本框中不可输入字符［'］！"_s, ui->txtTypeName);
+        return false;
     }
     return true;
 }
@@ -97,9 +96,11 @@ cTestingType frmTypeChild::record() const {
     type.WriteDate = dateText(ui->dtpWriteDate);
     type.AuditingDate = dateText(ui->dtpAuditingDate);
     type.ApproverDate = dateText(ui->dtpApproverDate);
-    for (std::size_t row = 0; row < testingTypeWords.size(); ++row) {
-        type.*testingTypeWords[row] = wordFields()[row]->text();
-        type.*testingTypeNotes[row] = noteFields()[row]->text();
+    const auto words = wordFields();
+    const auto notes = noteFields();
+    for (std::size_t row = 0; row < words.size(); ++row) {
+        type.*testingTypeWords[row] = words[row]->text();
+        type.*testingTypeNotes[row] = notes[row]->text();
     }
     type.Note = ui->txtNote->text();
     return type;

@@ -25,19 +25,26 @@ void frmTypeParent::InitializeForm() {
         return;
     }
     cTestingTypes types;
-    const auto type = types.Find(u"detail"_s, TypeCodeOf).Item(1);
+    const auto type = types.Find(TypeKind::Detail, TypeCodeOf).Item(1);
     ui->txtCode->setText(type->NowCode);
     ui->txtName->setText(type->Name);
     ui->txtDesc->setText(type->Note);
 }
 
-void frmTypeParent::Command1_Click() {
+bool frmTypeParent::passesChecks() {
     if (ui->txtName->text().isEmpty()) {
         warn(u"请先输入［类型名称］！"_s, ui->txtName);
-        return;
+        return false;
     }
     if (HasQuoteInText(*this)) {
         warn(u"文本框中不可输入字符［'］！"_s, ui->txtName);
+        return false;
+    }
+    return true;
+}
+
+void frmTypeParent::Command1_Click() {
+    if (!passesChecks()) {
         return;
     }
     // The description is only shown: an added row gets none, and an edit empties every other column of the row.

@@ -17,9 +17,8 @@ class frmTypeParent : public DesignedForm<frmTypeParent, Ui::frmTypeParent> {
 
  private:
     void InitializeForm();
+    bool passesChecks();
     void Command1_Click();
-    void add();
-    void update();
 };
 
 }  // namespace talvora

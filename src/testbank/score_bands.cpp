@@ -76,9 +76,15 @@ Fault repeatedWord(const ScoreBands& bands, int number) {
 }
 
 Fault requiredFault(const ScoreBands& bands) {
-    for (const auto test : {missingBound, noNumber, swappedBounds, noWord}) {
-        const int count = test == missingBound ? scoreBandCount : requiredBands;
-        for (int number = 0; number < count; ++number) {
+    // One matter is looked at in all bands before the next one is. Of the optional bands it is here whether the bounds
+    // are both there or both not.
+    for (int number = 0; number < scoreBandCount; ++number) {
+        if (const Fault fault = missingBound(bands[static_cast<std::size_t>(number)], number)) {
+            return fault;
+        }
+    }
+    for (const auto test : {noNumber, swappedBounds, noWord}) {
+        for (int number = 0; number < requiredBands; ++number) {
             if (const Fault fault = test(bands[static_cast<std::size_t>(number)], number)) {
                 return fault;
             }

@@ -83,7 +83,7 @@ void fillTestingType(FlexGrid& fg) {
         fg.setColAlignment(number, GridAlign::RightCenter);
     }
     cTestingTypes types;
-    types.Find(u"all"_s, QString());
+    types.Find(TypeKind::All);
     for (int i = 1; i <= types.Count(); ++i) {
         const cTestingType& type = *types.Item(i);
         const bool isMain = type.NowCode.size() == codeStep;

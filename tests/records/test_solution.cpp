@@ -80,8 +80,14 @@ TEST_P(SolutionTest, EachStatementFailsInTurn) {
         OnError::RollsBack, u"1 1, 1 1, 1 1, 1 1, 1 1, 1 1, 1 1"_s, store,
         [] { return head(u"主管"_s).AddNew(twoLines()); }, counts);
     store();
-    EXPECT_EQ(head(u"主管"_s).AddNew(lines({u"001 6 1.%"_s, u"001001 x 1.%"_s})), Status::Failed);
-    EXPECT_EQ(counts(), u"1 1"_s);
+    // Text for a score, or a weight of nothing, makes a line's statement fail.
+    for (const auto& bad : {u"001001 x 1.%"_s, u"001001 6 .%"_s}) {
+        EXPECT_EQ(head(u"主管"_s).AddNew(lines({u"001 6 1.%"_s, bad})), Status::Failed);
+        EXPECT_EQ(counts(), u"1 1"_s);
+        EXPECT_EQ(head(u"old"_s, key).Update(lines({bad, u"001 6 1.%"_s, u"002 6 1.%"_s})), Status::Failed);
+        EXPECT_EQ(counts(), u"1 2"_s);
+        store();
+    }
 
     // Statements: guard, begin, head, delete, two lines, commit. An unanswered guard writes nothing.
     failEachStatement(
@@ -93,7 +99,7 @@ TEST_P(SolutionTest, EachStatementFailsInTurn) {
 }
 
 TEST_P(SolutionTest, ModelsComeByNameAndLinesByCode) {
-    head(u"b"_s).AddNew(lines({u"002 3 50.%"_s, u"001002 7.5 .5%"_s, u"001 8 16.67%"_s, u"003 0 .%"_s}));
+    head(u"b"_s).AddNew(lines({u"002 3 50.%"_s, u"001002 7.5 .5%"_s, u"001 8 16.67%"_s}));
     head(u"a"_s).AddNew({});
     EXPECT_EQ(cSolutions().Find(0).Item(2)->SolutionName, u"b"_s);
     const qint16 key = keyOf(u"b"_s);
@@ -102,7 +108,7 @@ TEST_P(SolutionTest, ModelsComeByNameAndLinesByCode) {
     for (const auto& line : found.Find(key)) {
         texts += u"%1 %2 %3 %4, "_s.arg(line->ID).arg(line->TypeCode, line->Score, line->Weighing);
     }
-    EXPECT_EQ(texts, u"1 001 8 0.1667, 2 001002 7.5 0.005, 3 002 3 0.5, 4 003 0 0, "_s);
+    EXPECT_EQ(texts, u"1 001 8 0.1667, 2 001002 7.5 0.005, 3 002 3 0.5, "_s);
     cnnPublic.Execute(u"update TestingSolutionDetail set Weighing=null"_s);
     EXPECT_THROW(found.Find(key), RuntimeError) << "a line without a number";
     EXPECT_EQ(cDimension::Delete(key), Status::Done);

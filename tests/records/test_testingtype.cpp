@@ -33,7 +33,7 @@ class TestingTypeTest : public DatabaseTest {
                 u"r4"_s, u"n1"_s, u"n2"_s, u"n3"_s, u"n4"_s, u"d1"_s, u"d2"_s, u"d3"_s, u"note"_s};
     }
 
-    static QString codes(const QString& kind, const QString& code = {}) {
+    static QString codes(TypeKind kind, const QString& code = {}) {
         cTestingTypes types;
         QStringList found;
         for (const auto& type : types.Find(kind, code)) {
@@ -143,10 +143,10 @@ TEST_P(TestingTypeTest, UpdateGoesOnPastEachFailingStatement) {
 
 TEST_P(TestingTypeTest, FindGivesTheKindAskedForAndDeleteLooksForDependants) {
     addRows({u"0020"_s, u"001"_s, u"001001"_s, u"001002"_s, u"002"_s});
-    EXPECT_EQ(codes(u"all"_s), u"001 001001 001002 002 0020"_s);
-    EXPECT_EQ(codes(u"1"_s), u"001 002"_s);
-    EXPECT_EQ(codes(u"2"_s, u"001"_s) + codes(u"2"_s, u"002"_s), u"001001 0010020020"_s);
-    EXPECT_EQ(codes(u"detail"_s, u"001002"_s), u"001002"_s);
+    EXPECT_EQ(codes(TypeKind::All), u"001 001001 001002 002 0020"_s);
+    EXPECT_EQ(codes(TypeKind::Main), u"001 002"_s);
+    EXPECT_EQ(codes(TypeKind::Under, u"001"_s) + codes(TypeKind::Under, u"002"_s), u"001001 0010020020"_s);
+    EXPECT_EQ(codes(TypeKind::Detail, u"001002"_s), u"001002"_s);
     cnnPublic.Execute(u"insert into Examination (TypeCode,Status) values ('001001','0 - 建立中')"_s);
     EXPECT_EQ(cTestingType::Delete(u"001"_s), Status::Dependants);
     EXPECT_EQ(cTestingType::Delete(u"001001"_s), Status::Dependants);
@@ -161,11 +161,11 @@ TEST_P(TestingTypeTest, FindGivesTheKindAskedForAndDeleteLooksForDependants) {
     EXPECT_EQ(sentBy([] { return cTestingType::Delete(u"002"_s); }),
               u"Select Count(*) from TestingType where left(TypeCode,3)='002' and len(TypeCode)=6\n"
               "Delete from TestingType where TypeCode='002'"_s);
-    EXPECT_EQ(codes(u"all"_s), u"001 001001"_s);
+    EXPECT_EQ(codes(TypeKind::All), u"001 001001"_s);
     // A failing statement is passed over.
     cnnPublic.Execute(u"delete from Examination"_s);
     statementsOf([] { EXPECT_EQ(cTestingType::Delete(u"001001"_s), Status::Failed); }, 3);
-    EXPECT_EQ(codes(u"all"_s), u"001"_s);
+    EXPECT_EQ(codes(TypeKind::All), u"001"_s);
 }
 
 }  // namespace

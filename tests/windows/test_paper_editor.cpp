@@ -123,6 +123,8 @@ TEST_F(PaperEditor, SavesAPaperOfOneQuestion) {
 
 TEST_F(PaperEditor, QuestionsAreAddedChangedAndTakenOut) {
     open();
+    QAbstractButton* const edit = w.ui->Toolbar1->button(u"edit"_s);
+    EXPECT_FALSE(edit->isEnabled());
     script_.expect(vbOK, u"已经没有记录可以删除！"_s);
     act(u"del"_s, 0);
     w.ui->txtAnswerAmount->setFocus();
@@ -130,7 +132,12 @@ TEST_F(PaperEditor, QuestionsAreAddedChangedAndTakenOut) {
         press(key);
     }
     add(u"一"_s);
+    EXPECT_TRUE(edit->isEnabled());
+    EXPECT_EQ(w.ui->fg2->Row(), 1) << "the first question is at hand";
+    w.ui->fg2->setFixedHeight(120);  // room for one question
     add(u"二"_s);
+    EXPECT_EQ(w.ui->fg2->Row(), 1) << "a later one leaves the choice alone";
+    EXPECT_TRUE(w.ui->fg2->viewport()->rect().contains(w.ui->fg2->CellRect(5, 1))) << "but is in view";
     const QString answers = u"\n- |A.5|5\n- |B.5|5\n- |C.5|5"_s;
     EXPECT_EQ(listing(*w.ui->fg2), u"- 1|一"_s + answers + u"\n- 2|二"_s + answers);
     whenModal<frmQuestion>([](frmQuestion& q) {
@@ -146,7 +153,15 @@ TEST_F(PaperEditor, QuestionsAreAddedChangedAndTakenOut) {
     whenModal<frmQuestion>([](frmQuestion& q) { click(q.ui->Command2); });
     w.ui->Toolbar1->button(u"add"_s)->click();
     EXPECT_EQ(listing(*w.ui->fg2), u"- 1"_s + changed + u"\n- 2"_s + changed);
+    act(u"del"_s, 1);
+    act(u"del"_s, 1);
+    EXPECT_FALSE(edit->isEnabled());
+    // Escape is no way out of half a paper.
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(w.isLoaded());
     // Nothing guards a second question on OK: it ends the program.
+    add(u"一"_s);
+    add(u"二"_s);
     fill(good);
     script_.expect();
     click(w.ui->Command1);
@@ -162,6 +177,7 @@ TEST_F(PaperEditor, EditLosesWhatItDoesNotShow) {
     EXPECT_EQ(w.ui->cmbTestingType->text() + w.ui->cmbTestingResult0->text() + w.ui->txtAuthor->text() +
                   w.ui->txtScope11->text() + w.ui->txtScope30->text() + w.ui->txtScope31->text(),
               u" |-逻辑推理较差a35-9"_s);
+    EXPECT_EQ(w.ui->fg2->Row(), 1);
     act(u"del"_s, 4);
     fill(good);
     retype(w.ui->txtExaminationNum, u"LJ-2"_s);

@@ -111,6 +111,9 @@ class FlexGrid : public QTableView {
     /// The numbers of the selected rows, upwards.
     std::vector<int> SelectedRows() const;
 
+    /// Brings a cell into view, the current one stays. Nothing happens for one of the header or under a folded node.
+    void ShowCell(int row, int col);
+
     /// The cell's place in viewport() coordinates, empty when it is hidden or folded away. A merged cell is one place.
     QRect CellRect(int row, int col);
 

@@ -80,6 +80,14 @@ QRect FlexGrid::CellRect(int row, int col) {
     return cell.isValid() && !isColumnHidden(col) ? visualRect(cell) : QRect();
 }
 
+void FlexGrid::ShowCell(int row, int col) {
+    static_cast<void>(model_->text(row, col));
+    settle();
+    if (row >= FixedRows()) {
+        scrollTo(indexOf(row, col));
+    }
+}
+
 void FlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     if (current.isValid()) {
         headerCol_ = -1;
