@@ -40,7 +40,7 @@ void frmPosition::cmdOK_Click() {
         ui->txtPeoples->clear();
         return;
     }
-    // A number that no head count can hold (1E9) overflows here, with no handler around it.
+    // A number that no head count can hold (1E9) overflows here, with no handler around it, which is meant.
     const qint16 peoples = count.isEmpty() ? qint16{0} : toInt16(count);
     // Why it did not work is not told, a taken name least of all, and the dialog closes all the same: both are meant.
     if (AddMode) {
