@@ -52,6 +52,22 @@ function(talvora_prove_layers)
         endif()
     endforeach()
 
+    # Sheets know nothing of what is written into them, and of the subsystems only the exports write some.
+    file(GLOB_RECURSE subsystems CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*.h ${PROJECT_SOURCE_DIR}/src/*.cpp)
+    foreach(source IN LISTS subsystems)
+        if(source MATCHES "/src/spreadsheet/")
+            file(STRINGS ${source} strangers REGEX "#include \"[a-z]")
+            list(FILTER strangers EXCLUDE REGEX "\"(spreadsheet/|toolkit/|platform/|ui_)")
+        elseif(NOT source MATCHES "/src/results/export/")
+            file(STRINGS ${source} strangers REGEX "#include \"spreadsheet/")
+        else()
+            set(strangers "")
+        endif()
+        if(strangers)
+            message(FATAL_ERROR "${source} must not include: ${strangers}")
+        endif()
+    endforeach()
+
     # Whatever asks the user goes through toolkit/forms/prompts.h, where a test can answer it.
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*.h ${PROJECT_SOURCE_DIR}/src/*.cpp
          ${PROJECT_SOURCE_DIR}/setup/*.h ${PROJECT_SOURCE_DIR}/setup/*.cpp)

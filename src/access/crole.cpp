@@ -76,17 +76,17 @@ QString cRole::GetRoleCode(const QString& kind, const QString& parentCode) {
 }
 
 cRoles& cRoles::Find(qint16 RoleID) {
-    return load(RoleID == 0
-                    ? u"Select * from Roles order by RoleCode"_s
-                    : u"Select * from Roles where RoleID="_s + QString::number(RoleID) + u" order by RoleCode"_s);
+    return FindBy(RoleID == 0
+                      ? u"Select * from Roles order by RoleCode"_s
+                      : u"Select * from Roles where RoleID="_s + QString::number(RoleID) + u" order by RoleCode"_s);
 }
 
 cRoles& cRoles::GetRoleLevel1() {
-    return load(u"Select * from Roles where len(RoleCode)=3 order by RoleCode"_s);
+    return FindBy(u"Select * from Roles where len(RoleCode)=3 order by RoleCode"_s);
 }
 
-cRoles& cRoles::load(const QString& statement) {
-    Collection::load(statement, [](cRole& role, const Row& row) {
+cRoles& cRoles::FindBy(const QString& statement) {
+    load(statement, [](cRole& role, const Row& row) {
         role.RoleID = row.number16("RoleID");
         role.RoleName = row.text("RoleName");
         role.RoleCode = row.text("RoleCode");

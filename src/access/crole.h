@@ -42,7 +42,7 @@ class cRoles : public Collection<cRole, NumberKey<&cRole::RoleID>> {
     cRoles& GetRoleLevel1();
 
     /// Loads what a statement on Roles gives, in its order.
-    cRoles& load(const QString& statement);
+    cRoles& FindBy(const QString& statement);
 };
 
 }  // namespace talvora

@@ -65,8 +65,8 @@ Status cUser::Delete(qint16 UserID) {
 
 cRoles cUser::GetUserRoles(qint16 UserID) {
     cRoles roles;
-    roles.load(u"Select Roles.* from UserRole,Roles where Roles.RoleID=UserRole.RoleID and UserRole.userID="_s +
-               QString::number(UserID));
+    roles.FindBy(u"Select Roles.* from UserRole,Roles where Roles.RoleID=UserRole.RoleID and UserRole.userID="_s +
+                 QString::number(UserID));
     return roles;
 }
 

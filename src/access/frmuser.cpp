@@ -32,8 +32,8 @@ void frmUser::InitializeUser() {
     ui->chkLocked->setChecked(user->Locked);
     for (const auto& role : cUser::GetUserRoles(UserIDOf)) {
         for (CheckNode* node : ui->tvwRoles->Nodes()) {
-            // By number and not by code, which two roles share once the codes have run out.
-            if (node->Tag == QString::number(role->RoleID)) {
+            // By code and not by number, which is meant: of two roles that share one both are ticked.
+            if (node->Key.sliced(1) == role->RoleCode) {
                 node->setChecked(true);
             }
         }

@@ -8,8 +8,7 @@
 #include "platform/numbers.h"
 #include "results/ctesting.h"
 #include "results/ctestingdetail.h"
-
-#include <array>
+#include "testbank/ctestingtype.h"
 
 namespace talvora {
 
@@ -17,10 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array answerMembers{&cTestingDetail::Answer1, &cTestingDetail::Answer2, &cTestingDetail::Answer3,
-                                   &cTestingDetail::Answer4, &cTestingDetail::Answer5};
 constexpr int scoreBands = 5;
-constexpr qsizetype paperCodeLength = 6;
 
 QString text(qint32 value) {
     return QString::number(value);
@@ -43,7 +39,7 @@ class TestingStore {
     void sumUp();
     void judge();
     void rollUp();
-    QString particulars() const;
+    QString firstValues() const;
 
     const cTesting& test_;
     const cTestingDetails& details_;
@@ -74,11 +70,11 @@ void TestingStore::run(bool isModel, const cTestings& testings) {
     cnnPublic.CommitTrans();
 }
 
-/// The values that every row of the family begins with, up to the opening quote of its name.
-QString TestingStore::particulars() const {
+/// The values that every row of the family begins with, up to the comma behind the moment.
+QString TestingStore::firstValues() const {
     return text(number_) + u",'"_s + test_.IDNumber + u"','"_s + test_.Name + u"','"_s + test_.Sex + u"',"_s +
            text(test_.Age) + u",'"_s + test_.Education + u"','"_s + test_.PostName + u"','"_s + test_.Salary +
-           u"','"_s + test_.TestingDate + u"','"_s;
+           u"','"_s + test_.TestingDate + u"',"_s;
 }
 
 void TestingStore::insertHeader() {
@@ -89,13 +85,13 @@ void TestingStore::insertHeader() {
     cnnPublic.Execute(
         u"insert into TestingResult (TestingNumber,IdNumber,Name,Sex,Age,Education,PostName,Salary,"
         "TestingDate,TypeName,SolutionID,Version) values ("_s +
-        particulars() + test_.TypeName + u"',"_s + text(solution_) + u",'"_s + version + u"')"_s);
+        firstValues() + u'\'' + test_.TypeName + u"',"_s + text(solution_) + u",'"_s + version + u"')"_s);
 }
 
 void TestingStore::storeRow(const cTesting& item) {
     insertRow(item);
     row_ = toInt16(GetNewID(u"TestingResult"_s, u"testingID"_s) - 1);
-    if (item.TypeCode.size() != paperCodeLength) {
+    if (item.TypeCode.size() != subtypeCodeLength) {
         return;
     }
     insertDetails(leadingNumber(item.ExaminationID));
@@ -108,7 +104,7 @@ void TestingStore::insertRow(const cTesting& item) {
     cnnPublic.Execute(
         u"insert into TestingResult (TestingNumber,IdNumber,Name,Sex,Age,Education,PostName,Salary,"
         "TestingDate,TypeName,TypeCode,ExaminationID,ExamQuestions,SolutionID) values ("_s +
-        particulars() + item.TypeName + u"','"_s + item.TypeCode + u"',"_s +
+        firstValues() + u'\'' + item.TypeName + u"','"_s + item.TypeCode + u"',"_s +
         numberText(leadingNumber(item.ExaminationID)) + u","_s + text(item.ExamQuestions) + u","_s + text(solution_) +
         u")"_s);
 }
@@ -123,7 +119,7 @@ void TestingStore::insertDetails(double examination) {
             cnnPublic.Execute(u"select AnswerAmount from Examination where ExaminationID="_s + text(examination_));
         const int answers = papers.first().number32Or0("AnswerAmount");
         // A paper with another number of answers stores none, and says nothing about it.
-        if (answers >= 2 && answers <= static_cast<int>(answerMembers.size())) {
+        if (answers >= 2 && answers <= static_cast<int>(detailAnswers.size())) {
             insertDetail(*detail, answers);
         }
     }
@@ -134,7 +130,7 @@ void TestingStore::insertDetail(const cTestingDetail& detail, int answers) {
     QString values = text(row_) + u","_s + text(examination_) + u",'"_s + detail.QuestionName + u"','"_s;
     for (int i = 0; i < answers; ++i) {
         columns += u"Answer"_s + text(i + 1) + u","_s;
-        values += detail.*answerMembers[static_cast<std::size_t>(i)] + u"','"_s;
+        values += detail.*detailAnswers[static_cast<std::size_t>(i)] + u"','"_s;
     }
     cnnPublic.Execute(u"insert into TestingResultDetail ("_s + columns + u"SelectAnswer) values ("_s + values +
                       detail.SelectAnswer + u"')"_s);

@@ -2,6 +2,7 @@
 
 #include "models/cdimension.h"
 #include "models/csolution.h"
+#include "models/line_text.h"
 #include "platform/random.h"
 #include "testbank/cexamination.h"
 #include "toolkit/forms/prompts.h"
@@ -9,6 +10,7 @@
 
 #include <QAbstractItemModel>
 #include <QHeaderView>
+#include <QLineEdit>
 
 namespace talvora {
 
@@ -21,8 +23,7 @@ constexpr int nameCol = 1;
 constexpr int paperCol = 2;
 
 bool isDimension(const QString& typeCode) {
-    constexpr qsizetype dimensionDigits = 3;
-    return typeCode.size() == dimensionDigits;
+    return typeCode.size() == DimensionDigits;
 }
 
 }  // namespace
@@ -31,6 +32,9 @@ void frmModel::wire() {
     Combo1 = new ComboBox(ui->fg1->viewport());
     Combo1->setObjectName(u"Combo1"_s);
     Combo1->setAccessibleName(u"测评试卷"_s);
+    // It shows any text, of its entries or not, but nobody types in it.
+    Combo1->setEditable(true);
+    Combo1->lineEdit()->setReadOnly(true);
     Combo1->hide();
     on(ui->fg1, &FlexGrid::Click, &frmModel::fg1_Click);
     // What moves its cell away takes the list with it; the next click brings it back.
@@ -94,8 +98,15 @@ void frmModel::fg1_Click() {
         return;
     }
     Combo1->setGeometry(cell);
-    // The list only shows what there was to draw from: choosing in it does not change the cell.
-    Combo1->setListIndex(Combo1->findText(ui->fg1->TextMatrix(row, col)));
+    // The list only shows what there is to draw from: choosing in it does not change the cell. A paper that is no
+    // longer among them is shown all the same.
+    const QString paper = ui->fg1->TextMatrix(row, col);
+    const int entry = Combo1->findText(paper);
+    if (entry >= 0) {
+        Combo1->setListIndex(entry);
+    } else {
+        Combo1->setText(paper);
+    }
     Combo1->show();
 }
 

@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int minute = 60000;
-constexpr int storedLength = 50;     // of a position and a salary in the tables
+constexpr int storedLength = 50;     // TestingResult.PostName and Salary in setup/schema.sql
 constexpr auto choosable = "|-"_L1;  // stands before the name of a subtype or a model
 constexpr qint32 modelsHeading = 3000;
 
@@ -58,7 +58,7 @@ void frmTesting::wire() {
     on(ui->cmdStart, &QPushButton::clicked, &frmTesting::cmdStart_Click);
     on(ui->cmdSubmit, &QPushButton::clicked, &frmTesting::cmdSubmit_Click);
     on(ui->cmdNew, &QPushButton::clicked, &frmTesting::cmdNew_Click);
-    on(ui->cmdClose, &QPushButton::clicked, &frmTesting::cmdClose_Click);
+    on(ui->cmdClose, &QPushButton::clicked, &frmTesting::Unload);
 }
 
 void frmTesting::Form_Load() {
@@ -148,7 +148,7 @@ void frmTesting::cmbTypeName_Click() {
         return;
     }
     cExaminations papers;
-    for (const auto& paper : papers.FindByTypeCode(item.right(typeCodeLength), false)) {
+    for (const auto& paper : papers.FindByTypeCode(item.right(subtypeCodeLength), false)) {
         ui->cmbExamNum->AddItem(paper->ExaminationNum);
     }
     if (ui->cmbExamNum->ListCount() > 0) {
@@ -157,25 +157,30 @@ void frmTesting::cmbTypeName_Click() {
 }
 
 bool frmTesting::passesChecks() {
-    const struct {
-        bool fails;
-        QString words;
-        QWidget* field;
-    } checks[] = {
-        {trimBlanks(ui->txtID->text()).isEmpty(), u"［身份证号］不能为空！"_s, ui->txtID},
-        {trimBlanks(ui->txtName->text()).isEmpty(), u"［姓名］不能为空！"_s, ui->txtName},
-        {!ui->txtAge->text().isEmpty() && !isNumeric(ui->txtAge->text()), u"［年龄］中只能输入数字！"_s, ui->txtAge},
-        {!isSalaryRange(ui->cmbSalary->text()), u"［薪资范围］输入不合法，请重新输入！"_s, ui->cmbSalary},
-        {!ui->cmbTypeName->text().startsWith(choosable), u"请选择一种具体的［测评类型］进行测评！"_s, ui->cmbTypeName},
-        {ui->cmbExamNum->isEnabled() && ui->cmbExamNum->text().isEmpty(),
-         u"所选测评类型尚未设置测评试卷，请换一种测评类型！"_s, ui->cmbExamNum},
-        {HasQuoteInText(*this), u"文本框中不可输入字符［'］！"_s, ui->txtName},
+    const auto refuse = [this](const QString& words, QWidget* field) {
+        warn(words, field);
+        return false;
     };
-    for (const auto& check : checks) {
-        if (check.fails) {
-            warn(check.words, check.field);
-            return false;
-        }
+    if (trimBlanks(ui->txtID->text()).isEmpty()) {
+        return refuse(u"［身份证号］不能为空！"_s, ui->txtID);
+    }
+    if (trimBlanks(ui->txtName->text()).isEmpty()) {
+        return refuse(u"［姓名］不能为空！"_s, ui->txtName);
+    }
+    if (!ui->txtAge->text().isEmpty() && !isNumeric(ui->txtAge->text())) {
+        return refuse(u"［年龄］中只能输入数字！"_s, ui->txtAge);
+    }
+    if (!isSalaryRange(ui->cmbSalary->text())) {
+        return refuse(u"［薪资范围］输入不合法，请重新输入！"_s, ui->cmbSalary);
+    }
+    if (!ui->cmbTypeName->text().startsWith(choosable)) {
+        return refuse(u"请选择一种具体的［测评类型］进行测评！"_s, ui->cmbTypeName);
+    }
+    if (ui->cmbExamNum->isEnabled() && ui->cmbExamNum->text().isEmpty()) {
+        return refuse(u"所选测评类型尚未设置测评试卷，请换一种测评类型！"_s, ui->cmbExamNum);
+    }
+    if (HasQuoteInText(*this)) {
+        return refuse(u"文本框中不可输入字符［'］！"_s, ui->txtName);
     }
     return true;
 }
@@ -190,10 +195,6 @@ void frmTesting::cmdNew_Click() {
     ui->cmdNew->hide();
     ui->cmdStart->setEnabled(true);
     ui->txtID->setFocus();
-}
-
-void frmTesting::cmdClose_Click() {
-    Unload();
 }
 
 }  // namespace talvora

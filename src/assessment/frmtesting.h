@@ -29,8 +29,6 @@ class frmTesting : public DesignedForm<frmTesting, Ui::frmTesting> {
     void Form_Load() override;
 
  private:
-    static constexpr qsizetype typeCodeLength = 6;  // of a subtype
-
     // Before the run.
     void fillChoices();
     void fillTestTree();
@@ -40,7 +38,6 @@ class frmTesting : public DesignedForm<frmTesting, Ui::frmTesting> {
     void cmbTypeName_Click();
     bool passesChecks();
     void cmdNew_Click();
-    void cmdClose_Click();
 
     // The run.
     void cmdStart_Click();

@@ -7,6 +7,7 @@
 #include "platform/numbers.h"
 #include "platform/text.h"
 #include "testbank/cexamination.h"
+#include "testbank/ctestingtype.h"
 #include "toolkit/application/busy.h"
 #include "toolkit/forms/prompts.h"
 
@@ -64,7 +65,7 @@ void frmTesting::cmdStart_Click() {
     objTestings_->Clear();
     const QString item = itemCode();
     if (item.startsWith(u'2')) {
-        startPaper(item.right(typeCodeLength));
+        startPaper(item.right(subtypeCodeLength));
     } else {
         startModel(toInt16(dropLeft(item, 1)));
     }
@@ -91,7 +92,7 @@ void frmTesting::startPaper(const QString& typeCode) {
 }
 
 void frmTesting::startModel(qint16 solutionId) {
-    constexpr double lastPlainDimension = 3;
+    constexpr int lastPlainDimension = 3;
     blnIsModel_ = true;
     frmModel& dialog = frmModel::Default();
     dialog.SolutionID = solutionId;
@@ -102,7 +103,8 @@ void frmTesting::startModel(qint16 solutionId) {
     sheet_->clear();
     objTestings_ = dialog.Testings;
     for (const auto& section : *objTestings_) {
-        // Meant as it stands: the dimensions 001 to 003 are passed over, a later one is taken for an element.
+        // By the code's number and not its length, which is meant: the dimensions 001 to 003 are passed over, a later
+        // one is taken for an element.
         if (leadingNumber(section->TypeCode) <= lastPlainDimension) {
             continue;
         }
@@ -161,13 +163,13 @@ cTesting frmTesting::particulars() const {
     testing.IDNumber = ui->txtID->text();
     testing.Name = ui->txtName->text();
     testing.Sex = ui->cmbSex->text();
-    testing.Age = ui->txtAge->text().isEmpty() ? qint16{0} : toInt16(ui->txtAge->text());
+    testing.Age = toInt16(leadingNumber(ui->txtAge->text()));
     testing.Education = ui->cmbEducation->text();
     testing.PostName = postNameOf((ui->cmbPostName->isHidden() ? ui->cmbPosition : ui->cmbPostName)->text());
     testing.Salary = ui->cmbSalary->text();
     testing.TestingDate = momentText(presentMoment());
     testing.TypeName = typeNameChosen();
-    testing.TypeCode = itemCode().right(typeCodeLength);
+    testing.TypeCode = itemCode().right(subtypeCodeLength);
     return testing;
 }
 

@@ -2,10 +2,10 @@
 
 #include "platform/numbers.h"
 #include "platform/text.h"
+#include "testbank/ctestingtype.h"
 #include "toolkit/look/icons.h"
 
 #include <algorithm>
-#include <array>
 
 namespace talvora {
 
@@ -15,12 +15,8 @@ namespace {
 
 constexpr int numberCol = 0;
 constexpr int textCol = 1;
-constexpr int mostAnswers = 5;
+constexpr int mostAnswers = detailAnswers.size();
 constexpr qsizetype labelLength = 3;  // letter, full-width stop, blank
-
-constexpr std::array<QString cTestingDetail::*, mostAnswers> detailAnswers{
-    &cTestingDetail::Answer1, &cTestingDetail::Answer2, &cTestingDetail::Answer3, &cTestingDetail::Answer4,
-    &cTestingDetail::Answer5};
 
 QChar letter(int answer) {
     return QChar(u'A' + answer);
@@ -49,6 +45,8 @@ void QuestionSheet::addRow(const QString& number, const QString& text) {
 
 void QuestionSheet::addQuestion(int number, int answerAmount, const cQuestion& question) {
     addRow(signedNumberText(number), question.QuestionName);
+    // There is always an A and a B, and nothing behind E. A paper that is told to have fewer answers or more, which its
+    // editor does not make, is nevertheless stepped through by that number when its answers are gathered.
     for (int answer = 0; answer < std::clamp(answerAmount, 2, mostAnswers); ++answer) {
         addRow(QString(), letter(answer) + u"． "_s + question.*questionAnswers[static_cast<std::size_t>(answer)]);
         unmark(grid_->Rows() - 1);
@@ -100,20 +98,19 @@ void QuestionSheet::toggle(int row) {
     }
     for (int other = answer + 1; other < mostAnswers; ++other) {
         const int below = row + other - answer;
-        // Every question has an answer B. For the others the bound leaves out the grid's very last row.
-        const bool sureToBeThere = other == 1;
-        if (sureToBeThere || (below < grid_->Rows() - 1 && text(below).startsWith(letter(other)))) {
+        // A B below an A is always there. For the others the bound leaves out the grid's very last row.
+        const bool isB = other == 1;
+        if (isB || (below < grid_->Rows() - 1 && text(below).startsWith(letter(other)))) {
             unmark(below);
         }
     }
 }
 
 cTestingDetails QuestionSheet::answers(const cTestings& sections) const {
-    constexpr qsizetype shortestPaperCode = 4;
     cTestingDetails details;
     int row = 2;  // below the header and the first heading
     for (const auto& section : sections) {
-        if (section->TypeCode.size() < shortestPaperCode) {
+        if (section->TypeCode.size() <= mainTypeCodeLength) {
             continue;
         }
         const qint16 amount = toInt16(leadingNumber(section->TestingDesc));

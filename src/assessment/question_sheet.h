@@ -34,8 +34,8 @@ class QuestionSheet {
     void toggle(int row);
 
     /// The answers of the run. `sections` are its papers in their order, with the answers a question in `TestingDesc`
-    /// and the number of questions in `ExamQuestions`; items with a code of less than four characters have no section.
-    /// Rows that are no longer there count as empty.
+    /// and the number of questions in `ExamQuestions`; items with the code of a main type, or a shorter one, have no
+    /// section. Rows that are no longer there count as empty.
     cTestingDetails answers(const cTestings& sections) const;
 
  private:

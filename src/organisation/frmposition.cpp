@@ -2,36 +2,16 @@
 
 #include "organisation/cposition.h"
 #include "platform/numbers.h"
-#include "platform/runtime_error.h"
 #include "toolkit/forms/prompts.h"
 #include "toolkit/forms/whole_text.h"
-
-#include <optional>
 
 namespace talvora {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// The head count that `text` spells, a fraction rounded, 0 for an empty text. Nothing when it is no number, or one
-/// that no head count can hold (1E9).
-std::optional<qint16> headCount(const QString& text) {
-    if (text.isEmpty()) {
-        return qint16{0};
-    }
-    try {
-        return toInt16(text);
-    } catch (const RuntimeError&) {
-        return std::nullopt;
-    }
-}
-
-}  // namespace
-
 void frmPosition::wire() {
     on(ui->cmdOK, &QPushButton::clicked, &frmPosition::cmdOK_Click);
-    on(ui->cmdCancel, &QPushButton::clicked, &frmPosition::cmdCancel_Click);
+    on(ui->cmdCancel, &QPushButton::clicked, &frmPosition::Unload);
 }
 
 void frmPosition::Form_Load() {
@@ -54,24 +34,22 @@ void frmPosition::cmdOK_Click() {
         warn(u"［职位名称］不能为空！"_s, ui->txtName);
         return;
     }
-    const std::optional<qint16> peoples = headCount(ui->txtPeoples->text());
-    if (!peoples) {
+    const QString count = ui->txtPeoples->text();
+    if (!count.isEmpty() && !isNumeric(count)) {
         warn(u"［编制人数］只能输入数字类型！"_s, ui->txtPeoples);
         ui->txtPeoples->clear();
         return;
     }
+    // A number that no head count can hold (1E9) overflows here, with no handler around it, which is meant.
+    const qint16 peoples = count.isEmpty() ? qint16{0} : toInt16(count);
     // Why it did not work is not told, a taken name least of all, and the dialog closes all the same: both are meant.
     if (AddMode) {
-        if (cPosition::AddNew(ChildMode ? u"child"_s : u"parent"_s, PostCodeOf, name, *peoples) != Status::Done) {
+        if (cPosition::AddNew(ChildMode ? u"child"_s : u"parent"_s, PostCodeOf, name, peoples) != Status::Done) {
             MsgBox(u"发生异常错误，增加不成功！"_s, vbExclamation);
         }
-    } else if (cPosition::Update(PostCodeOf, name, *peoples) != Status::Done) {
+    } else if (cPosition::Update(PostCodeOf, name, peoples) != Status::Done) {
         MsgBox(u"发生异常错误，修改不成功！"_s, vbExclamation);
     }
-    Unload();
-}
-
-void frmPosition::cmdCancel_Click() {
     Unload();
 }
 

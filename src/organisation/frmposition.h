@@ -20,7 +20,6 @@ class frmPosition : public DesignedForm<frmPosition, Ui::frmPosition> {
 
  private:
     void cmdOK_Click();
-    void cmdCancel_Click();
 };
 
 }  // namespace talvora

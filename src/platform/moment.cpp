@@ -16,6 +16,10 @@ QString momentText(const QDateTime& moment) {
     return moment.toString(u"yyyy-MM-dd HH:mm:ss"_s);
 }
 
+QString dateText(const QDate& date) {
+    return date.toString(u"yyyy-MM-dd"_s);
+}
+
 QDateTime toMoment(const QString& text) {
     QString plain = trimBlanks(text);
     plain.replace(u'/', u'-');

@@ -34,6 +34,9 @@ struct cTesting {
     QString TestingResult;  ///< the verdict
     QString TestingDesc;
 
+    // AddNew and Delete are defined with the scoring in assessment/ctestingstore.cpp: this folder reads results, that
+    // one makes them.
+
     /// Stores a finished test and lets the database score it. This record holds the candidate's particulars, the
     /// moment and the test's name; its `TypeCode` is not used. `testings` has one item for each row to store below a
     /// model's header (for a single paper its one row), in the order of the run, each with `TypeCode`, `TypeName`,

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <array>
+
 namespace talvora {
 
 /// One question of a paper in a test: a row of `TestingResultDetail`, or, on its way to cTesting::AddNew, an answer
@@ -26,6 +28,11 @@ struct cTestingDetail {
     /// 0 also when the database has no score for the answer.
     qint16 Score = 0;
 };
+
+/// The answers of a question in their order, for loops over them.
+inline constexpr std::array<QString cTestingDetail::*, 5> detailAnswers{
+    &cTestingDetail::Answer1, &cTestingDetail::Answer2, &cTestingDetail::Answer3, &cTestingDetail::Answer4,
+    &cTestingDetail::Answer5};
 
 /// The answers of a paper, in the order in which they were stored, or those of a whole run to be stored.
 class cTestingDetails : public Collection<cTestingDetail, NumberKey<&cTestingDetail::ID>> {

@@ -1,13 +1,5 @@
 #include "spreadsheet/frmpreview.h"
 
-#include "toolkit/application/busy.h"
-#include "toolkit/application/event_pump.h"
-#include "toolkit/forms/prompts.h"
-
-#include <QPrinter>
-
-#include <algorithm>
-
 namespace talvora {
 
 using namespace Qt::StringLiterals;
@@ -17,7 +9,7 @@ void frmPreview::wire() {
     on(ui->cmdNext, &QPushButton::clicked, &frmPreview::cmdNext_Click);
     on(ui->cmbZoom, &ComboBox::Click, &frmPreview::cmbZoom_Click);
     on(ui->cmdPrint, &QPushButton::clicked, &frmPreview::cmdPrint_Click);
-    on(ui->cmdClose, &QPushButton::clicked, &frmPreview::cmdClose_Click);
+    on(ui->cmdClose, &QPushButton::clicked, &frmPreview::Unload);
     on(ui->pages, &PageView::currentPageChanged, &frmPreview::showPageNumber);
 }
 
@@ -37,7 +29,7 @@ void frmPreview::Form_Load() {
 }
 
 void frmPreview::showPageNumber(int page) {
-    ui->lblPage->setText(u"第 %1 页，共 %2 页"_s.arg(page + 1).arg(ui->pages->pageCount()));
+    ui->lblPage->setText(pageWords(QString::number(page + 1), QString::number(ui->pages->pageCount())));
     ui->cmdPrevious->setEnabled(page > 0);
     ui->cmdNext->setEnabled(page + 1 < ui->pages->pageCount());
 }
@@ -57,38 +49,6 @@ void frmPreview::cmbZoom_Click() {
 
 void frmPreview::cmdPrint_Click() {
     printSheet(*Sheet, Title, *ui->progressBar);
-}
-
-void frmPreview::cmdClose_Click() {
-    Unload();
-}
-
-void printSheet(const SheetPrinter& sheet, const QString& title, QProgressBar& progressBar) {
-    const int pages = static_cast<int>(sheet.pages().size());
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(title);
-    printer.setPageLayout(sheet.pageLayout());
-    if (!choosePrinter(printer, pages, progressBar.window())) {
-        return;
-    }
-    const int from = std::clamp(printer.fromPage(), 1, pages);
-    const int to = printer.toPage() > 0 ? std::clamp(printer.toPage(), from, pages) : pages;
-    progressBar.setRange(from - 1, to);
-    progressBar.setValue(from - 1);
-    progressBar.show();
-    bool printed = false;
-    {
-        const BusyPointer busy;
-        EventPump pump;
-        printed = sheet.print(printer, from - 1, to - 1, [&](int page) {
-            progressBar.setValue(page + 1);
-            pump();
-        });
-    }
-    progressBar.hide();
-    if (!printed) {
-        MsgBox(u"打印没有成功，请检查打印机后再试！"_s, vbExclamation);
-    }
 }
 
 }  // namespace talvora

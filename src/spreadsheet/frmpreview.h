@@ -25,10 +25,6 @@ class frmPreview : public DesignedForm<frmPreview, Ui::frmPreview> {
     void cmdNext_Click();
     void cmbZoom_Click();
     void cmdPrint_Click();
-    void cmdClose_Click();
 };
-
-/// Asks for a printer and prints, with the progress on the bar. Tells the user when the printer fails.
-void printSheet(const SheetPrinter& sheet, const QString& title, QProgressBar& progressBar);
 
 }  // namespace talvora

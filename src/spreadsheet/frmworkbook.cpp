@@ -87,7 +87,7 @@ void frmWorkbook::wire() {
     on(ui->cmdOpen, &QPushButton::clicked, &frmWorkbook::cmdOpen_Click);
     on(ui->cmdPreview, &QPushButton::clicked, &frmWorkbook::cmdPreview_Click);
     on(ui->cmdPrint, &QPushButton::clicked, &frmWorkbook::cmdPrint_Click);
-    on(ui->cmdClose, &QPushButton::clicked, &frmWorkbook::cmdClose_Click);
+    on(ui->cmdClose, &QPushButton::clicked, &frmWorkbook::Unload);
     on(new QShortcut(QKeySequence::Save, window()), &QShortcut::activated, &frmWorkbook::cmdSave_Click);
     on(new QShortcut(QKeySequence::Print, window()), &QShortcut::activated, &frmWorkbook::cmdPrint_Click);
 }
@@ -139,10 +139,6 @@ void frmWorkbook::cmdPreview_Click() {
 
 void frmWorkbook::cmdPrint_Click() {
     printSheet(*Sheet, Title, *ui->progressBar);
-}
-
-void frmWorkbook::cmdClose_Click() {
-    Unload();
 }
 
 }  // namespace talvora

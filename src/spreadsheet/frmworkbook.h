@@ -36,7 +36,6 @@ class frmWorkbook : public DesignedForm<frmWorkbook, Ui::frmWorkbook> {
     void cmdOpen_Click();
     void cmdPreview_Click();
     void cmdPrint_Click();
-    void cmdClose_Click();
 };
 
 }  // namespace talvora

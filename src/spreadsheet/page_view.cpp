@@ -14,7 +14,6 @@ namespace {
 
 constexpr int Gap = 16;
 constexpr int LineStep = 40;
-constexpr double PixelsForMillimetre = 96 / 25.4;
 constexpr double LeastFactor = 0.1;
 
 }  // namespace

@@ -5,6 +5,8 @@
 
 namespace talvora {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A digit and a Chinese character of 11 points in the widest of the fonts that spreadsheet programs take for them.
@@ -161,11 +163,19 @@ int SheetLayout::width() const {
 }
 
 int SheetLayout::widthOf(const CellRange& cells) const {
-    return std::accumulate(widths_.begin() + (cells.column - 1), widths_.begin() + cells.column2, 0);
+    int width = 0;
+    for (int column = cells.column; column <= cells.column2; ++column) {
+        width += columnWidth(column);
+    }
+    return width;
 }
 
 int SheetLayout::heightOf(const CellRange& cells) const {
-    return std::accumulate(heights_.begin() + (cells.row - 1), heights_.begin() + cells.row2, 0);
+    int height = 0;
+    for (int row = cells.row; row <= cells.row2; ++row) {
+        height += rowHeight(row);
+    }
+    return height;
 }
 
 bool SheetLayout::wraps(const Workbook& workbook, int row, int column) const {
@@ -184,16 +194,19 @@ bool SheetLayout::wraps(const Workbook& workbook, int row, int column) const {
 SheetPaper sheetPaper(const SheetLayout& layout) {
     constexpr double shortSide = 210;
     constexpr double longSide = 297;
-    constexpr double pixelsForMillimetre = 96 / 25.4;
-    const auto room = [](double side) { return (side - 2 * SheetPaper::MarginMillimetres) * pixelsForMillimetre; };
+    const auto room = [](double side) { return (side - 2 * SheetPaper::MarginMillimetres) * PixelsForMillimetre; };
     SheetPaper paper;
     paper.landscape = layout.width() > room(shortSide);
     const double width = room(paper.landscape ? longSide : shortSide);
     const double height =
-        room(paper.landscape ? shortSide : longSide) - SheetPaper::FooterMillimetres * pixelsForMillimetre;
+        room(paper.landscape ? shortSide : longSide) - SheetPaper::FooterMillimetres * PixelsForMillimetre;
     paper.scale = layout.width() > width ? width / layout.width() : 1;
     paper.pageHeight = height / paper.scale;
     return paper;
+}
+
+QString pageWords(const QString& page, const QString& pages) {
+    return u"第 %1 页，共 %2 页"_s.arg(page, pages);
 }
 
 namespace {

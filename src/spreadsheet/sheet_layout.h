@@ -6,8 +6,11 @@
 
 namespace talvora {
 
-/// The measures of a sheet in pixels of a 96th of an inch: columns as wide as their texts, within what a page bears,
-/// and rows as high as the texts that are broken into lines. The file, the window and the paper have the same.
+/// The size of a sheet's pixel: a 96th of an inch.
+inline constexpr double PixelsForMillimetre = 96 / 25.4;
+
+/// The measures of a sheet in pixels (see PixelsForMillimetre): columns as wide as their texts, within what a page
+/// bears, and rows as high as the texts that are broken into lines. The file, the window and the paper have the same.
 class SheetLayout {
  public:
     static constexpr int DefaultWidth = 64;
@@ -20,7 +23,7 @@ class SheetLayout {
     int columnWidth(int column) const;
     int rowHeight(int row) const;
     int width() const;
-    /// From the left or upper edge of the first of the columns or rows to the far edge of the last.
+    /// From the left or upper edge of the first of the columns or rows to the far edge of the last; any, as above.
     int widthOf(const CellRange& cells) const;
     int heightOf(const CellRange& cells) const;
     /// Whether the cell's text is broken into lines. Texts without a box flow over the empty cells beside them.
@@ -59,5 +62,8 @@ struct SheetPaper {
 };
 
 SheetPaper sheetPaper(const SheetLayout& layout);
+
+/// What is told of a page's place among the others, on paper and on the screen.
+QString pageWords(const QString& page, const QString& pages);
 
 }  // namespace talvora

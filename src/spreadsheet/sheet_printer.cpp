@@ -1,11 +1,16 @@
 #include "spreadsheet/sheet_printer.h"
 
 #include "spreadsheet/sheet_painter.h"
+#include "toolkit/application/busy.h"
+#include "toolkit/application/event_pump.h"
+#include "toolkit/forms/prompts.h"
 
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QProgressBar>
 
+#include <algorithm>
 #include <utility>
 
 namespace talvora {
@@ -43,8 +48,7 @@ void SheetPrinter::paint(QPainter& painter, int page, const QRectF& paper) const
     const SheetPage& rows = pages_[static_cast<std::size_t>(page)];
     const double millimetre = paper.width() / pageLayout().fullRect(QPageLayout::Millimeter).width();
     const double margin = SheetPaper::MarginMillimetres * millimetre;
-    constexpr double pixelsForMillimetre = 96 / 25.4;
-    const double pixel = millimetre / pixelsForMillimetre;
+    const double pixel = millimetre / PixelsForMillimetre;
     painter.save();
     painter.translate(paper.left() + margin, paper.top() + margin);
     painter.scale(pixel * paper_.scale, pixel * paper_.scale);
@@ -76,8 +80,9 @@ void SheetPrinter::paint(QPainter& painter, int page, const QRectF& paper) const
     font.setPixelSize(footerPixels);
     painter.setFont(font);
     painter.setPen(Qt::black);
-    painter.drawText(QRectF(0, 0, paper.width() / pixel, SheetPaper::FooterMillimetres * pixelsForMillimetre),
-                     Qt::AlignHCenter | Qt::AlignBottom, u"第 %1 页，共 %2 页"_s.arg(page + 1).arg(pages_.size()));
+    painter.drawText(QRectF(0, 0, paper.width() / pixel, SheetPaper::FooterMillimetres * PixelsForMillimetre),
+                     Qt::AlignHCenter | Qt::AlignBottom,
+                     pageWords(QString::number(page + 1), QString::number(pages_.size())));
     painter.restore();
 }
 
@@ -95,6 +100,34 @@ bool SheetPrinter::print(QPrinter& printer, int from, int to, const std::functio
         progress(page);
     }
     return painter.end();
+}
+
+void printSheet(const SheetPrinter& sheet, const QString& title, QProgressBar& progressBar) {
+    const int pages = static_cast<int>(sheet.pages().size());
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(title);
+    printer.setPageLayout(sheet.pageLayout());
+    if (!choosePrinter(printer, pages, progressBar.window())) {
+        return;
+    }
+    const int from = std::clamp(printer.fromPage(), 1, pages);
+    const int to = printer.toPage() > 0 ? std::clamp(printer.toPage(), from, pages) : pages;
+    progressBar.setRange(from - 1, to);
+    progressBar.setValue(from - 1);
+    progressBar.show();
+    bool printed = false;
+    {
+        const BusyPointer busy;
+        EventPump pump;
+        printed = sheet.print(printer, from - 1, to - 1, [&](int page) {
+            progressBar.setValue(page + 1);
+            pump();
+        });
+    }
+    progressBar.hide();
+    if (!printed) {
+        MsgBox(u"打印没有成功，请检查打印机后再试！"_s, vbExclamation);
+    }
 }
 
 bool choosePrinter(QPrinter& printer, int pages, QWidget* owner) {

@@ -10,6 +10,7 @@
 
 class QPainter;
 class QPrinter;
+class QProgressBar;
 class QRectF;
 class QWidget;
 
@@ -38,6 +39,9 @@ class SheetPrinter {
     SheetPaper paper_;
     std::vector<SheetPage> pages_;
 };
+
+/// Asks for a printer and prints, with the progress on the bar. Tells the user when the printer fails.
+void printSheet(const SheetPrinter& sheet, const QString& title, QProgressBar& progressBar);
 
 /// Lets the user choose a printer, and what to print of `pages` pages. False when the user cancelled.
 bool choosePrinter(QPrinter& printer, int pages, QWidget* owner);

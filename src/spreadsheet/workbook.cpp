@@ -48,9 +48,6 @@ CellRange parseRange(const QString& address) {
     const int second = match.hasCaptured(3) ? 3 : 1;
     const auto [row, row2] = std::minmax({match.captured(2).toInt(), match.captured(second + 1).toInt()});
     const auto [column, column2] = std::minmax({columnNumber(match.captured(1)), columnNumber(match.captured(second))});
-    if (row2 > MaxSheetRow || column2 > MaxSheetColumn) {
-        refuse(u"区域“%1”超出了工作表"_s.arg(address));
-    }
     return {row, column, row2, column2};
 }
 
@@ -81,8 +78,15 @@ void Workbook::SetCell(int row, int column, double value) {
     cell.number = value;
 }
 
+void Workbook::SelectRange(const CellRange& cells) {
+    if (cells.row < 1 || cells.row2 > MaxSheetRow || cells.column < 1 || cells.column2 > MaxSheetColumn) {
+        refuse(u"所选区域超出了工作表"_s);
+    }
+    selection_ = cells;
+}
+
 void Workbook::SelectRange(const QString& address) {
-    selection_ = parseRange(address);
+    SelectRange(parseRange(address));
 }
 
 template <class Change>

@@ -74,7 +74,8 @@ class Workbook {
     void SetCell(int row, int column, const QString& value);
     void SetCell(int row, int column, double value);
 
-    /// Selects "A2" or "A2:C5". The selection stays when the address is none.
+    /// Selects a block of cells, told by numbers or as "A2" or "A2:C5". The selection stays when that is none.
+    void SelectRange(const CellRange& cells);
     void SelectRange(const QString& address);
     void SetFont(bool bold, int points);
     void Shade();

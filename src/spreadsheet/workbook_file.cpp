@@ -159,7 +159,8 @@ class Writer {
         worksheet_set_paper(sheet_, a4);
         paper.landscape ? worksheet_set_landscape(sheet_) : worksheet_set_portrait(sheet_);
         worksheet_set_margins(sheet_, margin, margin, margin, bottom);
-        worksheet_set_footer(sheet_, "&C第 &P 页，共 &N 页");
+        const QString footer = u"&C"_s + pageWords(u"&P"_s, u"&N"_s);
+        worksheet_set_footer(sheet_, footer.toUtf8().constData());
         if (workbook_.repeatedRow() > 0) {
             worksheet_repeat_rows(sheet_, rowAt(workbook_.repeatedRow()), rowAt(workbook_.repeatedRow()));
         }

@@ -107,7 +107,9 @@ void frmLogin::cmdOK_Click() {
         warn(u"请输入［姓名］！"_s, ui->txtName);
         return;
     }
-    if (testedJustNow()) {
+    const qint16 minutes = toInt16(optionValue(u"intTimeInterval"_s));
+    if (testedWithin(minutes)) {
+        MsgBox(u"在［"_s + QString::number(minutes) + u"］分钟内不能连续进行两次测评！"_s, vbExclamation);
         return;
     }
     Hide();
@@ -117,19 +119,14 @@ void frmLogin::cmdOK_Click() {
     testing.ShowModal();
 }
 
-/// Whether the candidate's last test is too recent for another one, which is then told.
-bool frmLogin::testedJustNow() {
+/// Whether the candidate's last test is less than so many minutes ago.
+bool frmLogin::testedWithin(qint16 minutes) {
     constexpr qint64 secondsPerMinute = 60;
-    const qint16 minutes = toInt16(optionValue(u"intTimeInterval"_s));
     cTestings tests;
     tests.Find(
         0, u"select * from testingresult where  IdNumber='"_s + ui->txtID->text() + u"' order by TestingDate desc"_s);
-    if (tests.Count() == 0 ||
-        presentMoment() >= toMoment(tests.Item(1)->TestingDate).addSecs(minutes * secondsPerMinute)) {
-        return false;
-    }
-    MsgBox(u"在［"_s + QString::number(minutes) + u"］分钟内不能连续进行两次测评！"_s, vbExclamation);
-    return true;
+    return tests.Count() > 0 &&
+           presentMoment() < toMoment(tests.Item(1)->TestingDate).addSecs(minutes * secondsPerMinute);
 }
 
 }  // namespace talvora

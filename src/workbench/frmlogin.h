@@ -21,7 +21,7 @@ class frmLogin : public DesignedForm<frmLogin, Ui::frmLogin> {
     void cmdLogin_Click();
     void cmdOK_Click();
     void cmdCancel_Click();
-    bool testedJustNow();
+    bool testedWithin(qint16 minutes);
 };
 
 }  // namespace talvora

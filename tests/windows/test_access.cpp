@@ -114,7 +114,11 @@ TEST_F(AccessWindows, UserIsCheckedAndStored) {
     EXPECT_EQ(rowsOf(u"select UserName, RoleName from Users, UserRole, Roles where Users.UserID=UserRole.UserID and "
                      "Roles.RoleID=UserRole.RoleID order by UserName"_s),
               u"u|a\nx|old"_s);
-    EXPECT_EQ(tick(user(false).ui->tvwRoles, {}), u"a0010"_s) << "one of the two";
+    EXPECT_EQ(tick(user(false).ui->tvwRoles, {}), u"a0010 a0010"_s) << "ticks go by the code, which two roles share";
+    click(frmUser::Default().ui->Command1);
+    EXPECT_EQ(rowsOf(u"select RoleName from UserRole, Roles where Roles.RoleID=UserRole.RoleID and UserID=%1 order by "
+                     "RoleName"_s.arg(cUsers::GetUserID(u"u"_s))),
+              u"a\nb"_s);
 }
 
 TEST_F(AccessWindows, RoleIsCheckedAndStored) {

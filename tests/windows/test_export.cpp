@@ -84,6 +84,7 @@ TEST(Workbook, KeepsTextsThatAreNoShownNumber) {
     for (const QString& address : {u"A2:B@2"_s, u"A0"_s, u"A1:XFE1"_s, u"A2:"_s}) {
         EXPECT_EQ(errorOf([&] { sheet.SelectRange(address); }), Workbook::Refused) << address.toStdString();
     }
+    EXPECT_EQ(errorOf([&] { sheet.SelectRange({1, 1, MaxSheetRow + 1, 1}); }), Workbook::Refused);
     EXPECT_EQ(errorOf([&] { sheet.SetCell(1, 0, 1.0); }), Workbook::Refused);
 }
 
@@ -105,6 +106,15 @@ TEST_F(ExportTest, ListGoesOutAsItStands) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(ExportTest, TitleOfAListStandsAtHalfItsColumnsRoundedToEven) {
+    for (const auto& [columns, place] : {std::pair(2, 1), {3, 2}, {4, 2}, {5, 2}, {11, 6}, {17, 8}}) {
+        grid.setFormatString(QString(columns - 1, u'|'));
+        grid.setRows(2);
+        ExportList(grid, false, u"标题"_s, bar);
+        EXPECT_EQ(sheet().text(1, place), u"标题"_s) << columns << " columns";
+    }
+}
+
 TEST_F(ExportTest, The52ndVisibleColumnHasNeitherShadesNorLines) {
     grid.setFormatString(QString(51, u'|'));
     grid.AddItem(u"a"_s);
@@ -112,6 +122,10 @@ TEST_F(ExportTest, The52ndVisibleColumnHasNeitherShadesNorLines) {
     EXPECT_EQ(sheet().columns(), 52);
     EXPECT_EQ(sheet().text(1, 26), u"标题"_s);
     EXPECT_TRUE(!sheet().format(2, 1).shaded && !sheet().format(2, 1).boxed && !sheet().format(1, 3).shaded);
+
+    grid.setFormatString(QString(701, u'|'));  // more columns than an address has letters for
+    ExportList(grid, false, u"标题"_s, bar);
+    EXPECT_EQ(sheet().text(1, 351) + sheet().text(3, 1), u"标题a"_s);
 }
 
 TEST_F(ExportTest, ReportsHaveABlockForEachRecord) {
@@ -203,6 +217,7 @@ TEST(SheetPages, RepeatHeadsAndKeepBlocksWhole) {
         sheet.KeepTogether(block);
     }
     paginate();
+    EXPECT_EQ(SheetLayout(sheet).heightOf({14, 1, 30, 1}), 17 * SheetLayout::DefaultHeight) << "behind the last row";
     EXPECT_EQ(pages, u"1-5/0 7-10/2 11-14/2 1-5/0 7-11/0 12-14/8 "_s);
 }
 

@@ -96,7 +96,9 @@ TEST_F(FindWindow, KeepsQueriesAndDeletesThem) {
     EXPECT_EQ(script.shown()[1].text, u"请输入简要的查询说明："_s);
     EXPECT_EQ(script.last().style, vbInformation);
 
+    const int findPlace = w.ui->cmdFind->x(), savePlace = w.ui->cmdSave->x();
     w.ui->SSTab1->setCurrentIndex(1);
+    waitFor([&] { return w.ui->cmdFind->x() == savePlace; });
     EXPECT_FALSE(w.ui->optAnd->isVisible() || w.ui->optOR->isVisible() || w.ui->cmdSave->isVisible());
     FlexGrid* fg1 = w.ui->fg1;
     ASSERT_EQ(fg1->Rows(), 3);
@@ -119,6 +121,7 @@ TEST_F(FindWindow, KeepsQueriesAndDeletesThem) {
     EXPECT_FALSE(w.ui->cmdFind->isEnabled());
     w.ui->SSTab1->setCurrentIndex(0);
     EXPECT_TRUE(w.ui->cmdFind->isEnabled() && w.ui->cmdSave->isVisible() && w.ui->optOR->isVisible());
+    waitFor([&] { return w.ui->cmdFind->x() == findPlace && w.ui->cmdSave->x() == savePlace; });
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ TEST_F(PositionDialog, RefusesAndReports) {
     } table[] = {
         {true, true, {}, u"x"_s, u"［职位名称］不能为空！"_s},
         {true, true, u"新"_s, u" "_s, noNumber},
-        {true, true, u"新"_s, u"1E9"_s, noNumber},  // more than a head count holds
+        {true, false, u"新"_s, u"1E9"_s, u"实时错误 '6':\n\n溢出"_s},  // more than a head count holds
         {true, false, u"o'"_s, u"1"_s, u"发生异常错误，增加不成功！"_s},
         {false, false, u"销售专员"_s, u"1"_s, u"发生异常错误，修改不成功！"_s},
     };
@@ -85,6 +85,7 @@ TEST_F(PositionDialog, RefusesAndReports) {
         }
     }
     EXPECT_EQ(rowsOf(u"select * from Position"_s), before);
+    EXPECT_EQ(programEnds().size(), 1U);
 }
 
 TEST_F(JourneyTest, OptionsAreCheckedThenWrittenOneByOne) {

@@ -127,6 +127,17 @@ TEST_F(TestWindow, ModelDialogListsThePapersAndChangesNothing) {
     clickCell(model.ui->fg1, 4, 2);
     model.ui->fg1->setIsCollapsed(1, true);
     EXPECT_TRUE(!model.ui->fg1->CellRect(4, 2).isEmpty() && !model.Combo1->isVisible()) << "its cell has moved";
+
+    model.ui->fg1->setIsCollapsed(1, false);
+    cnnPublic.Execute(u"update Examination set Status='0 - 建立中' where ExaminationNum='"_s + drawn + u"'"_s);
+    clickCell(model.ui->fg1, 4, 2);
+    EXPECT_EQ(model.Combo1->text(), drawn) << "a paper that is no longer to be drawn is shown all the same";
+    EXPECT_EQ(model.Combo1->ListCount(), 1);
+    type(model.Combo1, u"x"_s);
+    press(Qt::Key_Return);  // leaves without a choice
+    EXPECT_EQ(model.Combo1->text() + model.ui->fg1->TextMatrix(4, 2), drawn + drawn);
+    click(model.ui->cmdOK);
+    EXPECT_EQ(model.Testings->Item(4)->TestingDesc, drawn);
 }
 
 TEST_F(TestWindow, ModelDialogRefusesAModelWithAnElementWithoutPapers) {
@@ -164,14 +175,17 @@ TEST_F(TestWindow, OperatorTestsOneCandidateAfterAnother) {
     click(w.ui->cmdSubmit);
     click(w.ui->cmdNew);
 
-    // As long as a position can be typed, and nothing answered at all.
+    // As long as a position and a salary can be typed, an age that ends in a sign, and nothing answered at all.
     type(w.ui->cmbPosition, QString(60, u'岗'));
+    retype(w.ui->cmbSalary, QString(60, u'~'));
+    type(w.ui->txtAge, u"5-"_s);
     start(u"丙"_s, u"|-沟通"_s);
     EXPECT_FALSE(w.Timer1->isActive()) << "no time limit, no countdown";
     click(w.ui->cmdSubmit);
-    EXPECT_EQ(rowsOf(u"select Name, len(PostName), ExamQuestions, FactQuestions, Score, TestingResult from "
-                     "TestingResult where SolutionID=0"_s),
-              u"甲|0|3|3|12|优秀\n丙|50|2|null|null|null"_s);
+    EXPECT_EQ(
+        rowsOf(u"select Name, len(PostName), len(Salary), Age, ExamQuestions, FactQuestions, Score, TestingResult "
+               "from TestingResult where SolutionID=0"_s),
+        u"甲|0|9|0|3|3|12|优秀\n丙|50|50|5|2|null|null|null"_s);
 }
 
 TEST_F(TestWindow, CountdownSubmitsWhatIsMarked) {

@@ -1,5 +1,6 @@
 #include "results/export/export_list.h"
 
+#include "platform/numbers.h"
 #include "platform/runtime_error.h"
 #include "results/export/export_sheet.h"
 #include "toolkit/forms/prompts.h"
@@ -35,7 +36,7 @@ void ExportList(FlexGrid& grid, bool isPrint, const QString& title, QProgressBar
         return;
     }
     constexpr int headerRow = 2;
-    ExportSheet output(title, columns / 2, progressBar, rows - 1);
+    ExportSheet output(title, toInt32(columns / 2.0), progressBar, rows - 1);
     int k = 0;
     // The leading ' keeps texts of digits as they are.
     QString forced = u"'"_s;
@@ -52,8 +53,15 @@ void ExportList(FlexGrid& grid, bool isPrint, const QString& title, QProgressBar
             }
         }
     }
-    output.format({headerRow, 1, headerRow, k}, &Workbook::Shade);
-    output.format({headerRow, 1, rows + 1, k}, &Workbook::Box);
+    // By the text of the address and not by numbers: for some columns it is none, and the sheet then stays plain.
+    const auto formatDownTo = [&](int lastRow, void (Workbook::*look)()) {
+        output.attempt([&] {
+            output.sheet().SelectRange(ColumnName(headerRow, 1) + u':' + ColumnName(lastRow, k));
+            (output.sheet().*look)();
+        });
+    };
+    formatDownTo(headerRow, &Workbook::Shade);
+    formatDownTo(rows + 1, &Workbook::Box);
     output.sheet().RepeatRow(headerRow);
     output.show(isPrint);
 }

@@ -6,6 +6,7 @@
 #include "results/ctestingdetail.h"
 #include "results/export/export_sheet.h"
 #include "testbank/cexamination.h"
+#include "testbank/ctestingtype.h"
 #include "toolkit/forms/prompts.h"
 #include "toolkit/grid/flexgrid.h"
 
@@ -73,8 +74,10 @@ void exportBlocks(FlexGrid& grid, bool isPrint, const QString& title, int titleC
 
 constexpr int testColumns = 10;
 constexpr int questionColumns = 3;
+constexpr int firstAnswerColumn = 4;
 
-void writeTestHead(ExportSheet& output, const FlexGrid& grid, int gridRow, int r) {
+/// Writes the person's rows from r on and gives the row below them.
+int writeTestHead(ExportSheet& output, const FlexGrid& grid, int gridRow, int r) {
     static const std::array<std::vector<HeadCell>, 3> lines{{
         {{u"姓    名"_s, 2}, {u"性    别"_s, 3}, {u"年    龄"_s, 4}, {u"身份证号"_s, 5}, {u"学    历"_s, 6}},
         {{u"职    位"_s, 7}, {u"薪资范围"_s, 8}, {u"测评时间"_s, 9}, {u"测评类型"_s, 10}, {u"模型版本"_s, 11}},
@@ -91,6 +94,7 @@ void writeTestHead(ExportSheet& output, const FlexGrid& grid, int gridRow, int r
     for (int column = 1; column < testColumns; column += 2) {
         output.format({r, column, row - 1, column}, &Workbook::Shade);
     }
+    return row;
 }
 
 void mergeQuestion(ExportSheet& output, int row) {
@@ -105,10 +109,10 @@ void writeFamilyName(ExportSheet& output, const cTesting& member, int row) {
         case 0:
             blanks = u" "_s;
             break;
-        case 3:
+        case mainTypeCodeLength:
             blanks = u"  "_s;
             break;
-        case 6:
+        case subtypeCodeLength:
             blanks = u"   "_s;
             break;
         default:
@@ -118,23 +122,19 @@ void writeFamilyName(ExportSheet& output, const cTesting& member, int row) {
 }
 
 void writeAnswers(ExportSheet& output, const cTestingDetail& detail, int row) {
-    constexpr int firstAnswer = 4;
-    constexpr int scoreColumn = 10;
     output.write(row, 1, detail.QuestionName);
-    writeRow(output, row, firstAnswer,
+    writeRow(output, row, firstAnswerColumn,
              {detail.Answer1, detail.Answer2, detail.Answer3, detail.Answer4, detail.Answer5, detail.SelectAnswer});
-    output.write(row, scoreColumn, [&] { return double(detail.Score); });
+    output.write(row, testColumns, [&] { return double(detail.Score); });
     mergeQuestion(output, row);
 }
 
 int writeTest(ExportSheet& output, const FlexGrid& grid, int gridRow, int r) {
-    constexpr int firstAnswer = 4;
     const int first = r;
-    writeTestHead(output, grid, gridRow, r);
-    r += 3;
+    r = writeTestHead(output, grid, gridRow, r);
     const int headRow = r;
     output.write(r, 1, u"测评题目（类型）"_s);
-    writeRow(output, r, firstAnswer,
+    writeRow(output, r, firstAnswerColumn,
              {u"选项A"_s, u"选项B"_s, u"选项C"_s, u"选项D"_s, u"选项E"_s, u"选择"_s, u"得分"_s});
     mergeQuestion(output, r);
     output.format({r, 1, r, testColumns}, &Workbook::Shade);
@@ -170,24 +170,36 @@ void writeQuestion(ExportSheet& output, const cQuestion& question, int number, i
     }
 }
 
-void writePaperHead(ExportSheet& output, const FlexGrid& grid, int gridRow, int r) {
+/// Writes the paper's rows from r on and gives the row below them.
+int writePaperHead(ExportSheet& output, const FlexGrid& grid, int gridRow, int r) {
     // The row above is that of the type only for its first paper; for the others it is the paper before. That is meant.
-    static const std::vector<HeadCell> first{{u"试卷类型"_s, 1, -1}, {u"试卷编号"_s, 1}, {u"编制人员"_s, 2},
-                                             {u"编制日期"_s, 5},     {u"审核人员"_s, 3}, {u"审核日期"_s, 6}};
-    static const std::vector<HeadCell> second{{u"批准人员"_s, 4},   {u"批准日期"_s, 7},  {u"每题答案数"_s, 8},
-                                              {u"试卷题目数"_s, 9}, {u"测评时长"_s, 10}, {u"试卷说明"_s, 11}};
-    writeHead(output, grid, gridRow, r, first);
-    writeHead(output, grid, gridRow, r + 1, second);
-    for (int column = 1; column < paperColumns; column += 2) {
-        output.format({r, column, r + 1, column}, &Workbook::Shade);
+    static const std::array<std::vector<HeadCell>, 2> lines{{
+        {{u"试卷类型"_s, 1, -1},
+         {u"试卷编号"_s, 1},
+         {u"编制人员"_s, 2},
+         {u"编制日期"_s, 5},
+         {u"审核人员"_s, 3},
+         {u"审核日期"_s, 6}},
+        {{u"批准人员"_s, 4},
+         {u"批准日期"_s, 7},
+         {u"每题答案数"_s, 8},
+         {u"试卷题目数"_s, 9},
+         {u"测评时长"_s, 10},
+         {u"试卷说明"_s, 11}},
+    }};
+    int row = r;
+    for (const auto& line : lines) {
+        writeHead(output, grid, gridRow, row++, line);
     }
+    for (int column = 1; column < paperColumns; column += 2) {
+        output.format({r, column, row - 1, column}, &Workbook::Shade);
+    }
+    return row;
 }
 
 int writePaper(ExportSheet& output, const FlexGrid& grid, int gridRow, int r) {
-    constexpr qsizetype typeCodeDigits = 6;
     const int first = r;
-    writePaperHead(output, grid, gridRow, r);
-    r += 2;
+    r = writePaperHead(output, grid, gridRow, r);
     const int headRow = r;
     writeRow(output, r, 1,
              {u"序号"_s, u"题目"_s, u"选项A"_s, u"分数"_s, u"选项B"_s, u"分数"_s, u"选项C"_s, u"分数"_s, u"选项D"_s,
@@ -196,7 +208,7 @@ int writePaper(ExportSheet& output, const FlexGrid& grid, int gridRow, int r) {
     ++r;
     cQuestions questions;
     output.attempt([&] {
-        const QString typeCode = grid.TextMatrix(gridRow, 0).left(typeCodeDigits);
+        const QString typeCode = grid.TextMatrix(gridRow, 0).left(subtypeCodeLength);
         questions =
             cExamination::GetQuestions(cExamination::GetExamIDByNum(typeCode, trimBlanks(grid.TextMatrix(gridRow, 1))));
     });

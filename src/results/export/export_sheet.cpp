@@ -1,6 +1,5 @@
 #include "results/export/export_sheet.h"
 
-#include "results/export/export_list.h"
 #include "spreadsheet/frmworkbook.h"
 
 #include <QProgressBar>
@@ -30,7 +29,7 @@ void ExportSheet::write(int row, int column, const QString& text) {
 
 void ExportSheet::format(const CellRange& cells, void (Workbook::*look)()) {
     attempt([&] {
-        sheet_->SelectRange(ColumnName(cells.row, cells.column) + u':' + ColumnName(cells.row2, cells.column2));
+        sheet_->SelectRange(cells);
         (*sheet_.*look)();
     });
 }

@@ -24,7 +24,7 @@ class ExportSheet {
     ExportSheet(const ExportSheet&) = delete;
     ExportSheet& operator=(const ExportSheet&) = delete;
 
-    /// The sheet, for steps that can't fail.
+    /// The sheet, for steps that can't fail and for those of `attempt`.
     Workbook& sheet() { return *sheet_; }
 
     /// Runs a step, whatever comes of it.
@@ -41,7 +41,7 @@ class ExportSheet {
     }
     void write(int row, int column, const QString& text);
 
-    /// Gives the block a look; none when an address is none.
+    /// Gives the block a look.
     void format(const CellRange& cells, void (Workbook::*look)());
 
     void setProgress(int value);

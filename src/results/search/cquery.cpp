@@ -9,14 +9,15 @@ namespace talvora {
 
 using namespace Qt::StringLiterals;
 
-Status cQuery::AddNew(const QString& Query, const QString& Condition) {
+Status cQuery::AddNew(const QString& description, const QString& statement) {
     return statusOf([&] {
-        if (IsExistName(u"Query"_s, u"Query"_s, Query, QString(), u"0"_s)) {
+        if (IsExistName(u"Query"_s, u"Query"_s, description, QString(), u"0"_s)) {
             return Status::Taken;
         }
-        QString quoted = Condition;
+        QString quoted = statement;
         quoted.replace(u"'"_s, u"''"_s);
-        cnnPublic.Execute(u"insert into Query (Query,Condition) values ('"_s + Query + u"','"_s + quoted + u"')"_s);
+        cnnPublic.Execute(u"insert into Query (Query,Condition) values ('"_s + description + u"','"_s + quoted +
+                          u"')"_s);
         return Status::Done;
     });
 }

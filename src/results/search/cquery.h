@@ -16,7 +16,7 @@ struct cQuery {
 
     /// Stores the statement, whose quotes are doubled on the way; the description goes as it is. Taken when just one
     /// query bears the description.
-    static Status AddNew(const QString& Query, const QString& Condition);
+    static Status AddNew(const QString& description, const QString& statement);
     static Status Delete(qint16 QueryID);
 };
 

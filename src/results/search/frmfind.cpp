@@ -1,6 +1,7 @@
 #include "results/search/frmfind.h"
 
 #include "organisation/cposition.h"
+#include "platform/numbers.h"
 #include "results/ctesting.h"
 #include "results/search/cquery.h"
 #include "toolkit/forms/prompts.h"
@@ -33,6 +34,14 @@ QStringList checkedTexts(const QListWidget* list) {
     return texts;
 }
 
+int countChecked(const QListWidget* list) {
+    int count = 0;
+    for (int i = 0; i < list->count(); ++i) {
+        count += list->item(i)->checkState() == Qt::Checked ? 1 : 0;
+    }
+    return count;
+}
+
 void removeFirst(QListWidget* list, const QString& text) {
     for (int i = 0; i < list->count(); ++i) {
         if (list->item(i)->text() == text) {
@@ -51,12 +60,16 @@ void frmFind::wire() {
                                                       {ui->lstResult, ui->lblResultCount}};
     for (const auto& [list, label] : lists) {
         const auto showCount = [list = list, label = label]() {
-            const auto count = checkedTexts(list).size();
+            const int count = countChecked(list);
             label->setText(count > 0 ? u"已选 %1"_s.arg(count) : QString());
         };
         on(list, &QListWidget::itemChanged, showCount);
         on(list->model(), &QAbstractItemModel::rowsRemoved, showCount);
     }
+    // The room of the button stays when it is hidden, for cmdFind to move into.
+    QSizePolicy keepsRoom = ui->cmdSave->sizePolicy();
+    keepsRoom.setRetainSizeWhenHidden(true);
+    ui->cmdSave->setSizePolicy(keepsRoom);
     // By hand, since the .ui file's order takes the tab control together with what is in it.
     QWidget::setTabOrder(ui->cmdClose, ui->SSTab1->tabBar());
     on(ui->SSTab1, &QTabWidget::currentChanged, &frmFind::SSTab1_Click);
@@ -65,7 +78,7 @@ void frmFind::wire() {
     on(ui->lstType, &QListWidget::itemChanged, &frmFind::lstType_ItemCheck);
     on(ui->cmdFind, &QPushButton::clicked, &frmFind::cmdFind_Click);
     on(ui->cmdSave, &QPushButton::clicked, &frmFind::cmdSave_Click);
-    on(ui->cmdClose, &QPushButton::clicked, &frmFind::cmdClose_Click);
+    on(ui->cmdClose, &QPushButton::clicked, &frmFind::Unload);
 }
 
 void frmFind::Form_Load() {
@@ -110,6 +123,9 @@ void frmFind::SSTab1_Click() {
     for (QWidget* control : std::initializer_list<QWidget*>{ui->optAnd, ui->optOR, ui->cmdSave}) {
         control->setVisible(!saved);
     }
+    // To the place of the hidden cmdSave, and back beside it.
+    ui->layoutButtons->removeWidget(ui->cmdFind);
+    ui->layoutButtons->insertWidget(ui->layoutButtons->indexOf(ui->cmdSave) + (saved ? 0 : 1), ui->cmdFind);
     ui->cmdFind->setEnabled(true);
     if (saved) {
         listQueries();
@@ -144,7 +160,7 @@ void frmFind::fg1_Click() {
         return;
     }
     // Without a question, and gone from the list whatever became of it in the table.
-    cQuery::Delete(static_cast<qint16>(ui->fg1->TextMatrix(row, idCol).toInt()));
+    cQuery::Delete(toInt16(ui->fg1->TextMatrix(row, idCol)));
     ui->fg1->RemoveItem(row);
     if (ui->fg1->Rows() == 1) {
         ui->cmdFind->setEnabled(false);
@@ -203,10 +219,6 @@ void frmFind::cmdSave_Click() {
     // Said whatever came of it, also for a description that is taken.
     cQuery::AddNew(description, statement);
     MsgBox(u"保存成功！"_s, vbInformation);
-}
-
-void frmFind::cmdClose_Click() {
-    Unload();
 }
 
 }  // namespace talvora

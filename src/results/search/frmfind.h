@@ -26,7 +26,6 @@ class frmFind : public DesignedForm<frmFind, Ui::frmFind> {
     void lstType_ItemCheck(QListWidgetItem* item);
     void cmdFind_Click();
     void cmdSave_Click();
-    void cmdClose_Click();
 };
 
 }  // namespace talvora

@@ -1,5 +1,6 @@
 #include "results/search/query_builder.h"
 
+#include "platform/moment.h"
 #include "platform/text.h"
 
 namespace talvora {
@@ -11,11 +12,7 @@ namespace {
 constexpr int week = 7;
 constexpr int month = 31;
 
-// Compares as text with the moments in the table, which begin with the same form.
-QString dateText(const QDate& date) {
-    return date.toString(u"yyyy-MM-dd"_s);
-}
-
+// The dates compare as text with the moments in the table, which begin with the same form.
 QString datePiece(const QueryCriteria& criteria, const QDate& today) {
     const QChar choice = criteria.dateChoice.isEmpty() ? QChar() : criteria.dateChoice.front();
     if (choice == u'0' || choice == u'1') {
