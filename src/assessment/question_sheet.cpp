@@ -15,7 +15,7 @@ namespace {
 
 constexpr int numberCol = 0;
 constexpr int textCol = 1;
-constexpr int mostAnswers = detailAnswers.size();
+constexpr int mostAnswers = mostAnswerAmount;
 constexpr qsizetype labelLength = 3;  // letter, full-width stop, blank
 
 QChar letter(int answer) {
@@ -47,7 +47,7 @@ void QuestionSheet::addQuestion(int number, int answerAmount, const cQuestion& q
     addRow(signedNumberText(number), question.QuestionName);
     // There is always an A and a B, and nothing behind E. A paper that is told to have fewer answers or more, which its
     // editor does not make, is nevertheless stepped through by that number when its answers are gathered.
-    for (int answer = 0; answer < std::clamp(answerAmount, 2, mostAnswers); ++answer) {
+    for (int answer = 0; answer < answersInUse(answerAmount); ++answer) {
         addRow(QString(), letter(answer) + u"． "_s + question.*questionAnswers[static_cast<std::size_t>(answer)]);
         unmark(grid_->Rows() - 1);
     }
