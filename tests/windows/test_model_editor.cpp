@@ -164,6 +164,26 @@ TEST_F(ModelEditor, LineCommandsRefuseWithoutTheirRow) {
     EXPECT_EQ(w.ui->fg2->Rows(), 4);
 }
 
+TEST_F(ModelEditor, EqualScoresOfNeighboursAreDrawnAsOneAndKeepTheirRows) {
+    frmSolution& w = open(false);
+    FlexGrid& fg = *w.ui->fg2;
+    const QImage picture = fg.viewport()->grab().toImage();
+    const auto lineBelowFirst = [&](int col) {
+        const QRect cell = fg.CellRect(solution::FirstRow, col);
+        return picture.pixelColor(cell.left() + 2, cell.bottom()) !=
+               picture.pixelColor(cell.left() + 2, cell.top() + 2);
+    };
+    EXPECT_EQ(fg.TextMatrix(2, solution::DimensionScoreCol), fg.TextMatrix(3, solution::DimensionScoreCol));
+    EXPECT_FALSE(lineBelowFirst(solution::DimensionScoreCol));
+    EXPECT_TRUE(lineBelowFirst(solution::DimensionWeightCol));
+    clickCell(&fg, 3, solution::DimensionScoreCol);
+    whenModal<frmDimension>([](frmDimension& dialog) {
+        EXPECT_EQ(dialog.ui->cmbType->text(), u"002 专业能力"_s);
+        press(Qt::Key_Escape);
+    });
+    click(w.ui->Toolbar1->button(u"edit1"_s));
+}
+
 TEST_F(ModelEditor, KeysStepTheVersionAndPassOverTheToolbar) {
     frmSolution& w = open(true);
     const std::tuple<QString, Qt::Key, QString> cases[] = {
