@@ -96,8 +96,8 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     painter->save();
     const QVariant back = index.data(Qt::BackgroundRole);
     const QColor ground = back.isValid() ? back.value<QColor>() : theme::Surface;
-    grid::fillCrisp(*painter, option.rect, option.state & QStyle::State_Selected ? grid::selected(ground) : ground);
     const GridRange merged = mergedCell(model_, merging_, index.row(), index.column());
+    grid::fillCrisp(*painter, option.rect, isSelected(merged) ? grid::selected(ground) : ground);
     if (index.row() == merged.row2) {
         grid::lineBelow(*painter, option.rect, theme::Line);
     }
@@ -121,6 +121,14 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
         painter->drawRect(QRectF(option.rect).adjusted(0.5, 0.5, -1.5, -1.5));
     }
     painter->restore();
+}
+
+bool GridDelegate::isSelected(const GridRange& merged) const {
+    bool selected = false;
+    for (int row = merged.row; row <= merged.row2 && !selected; ++row) {
+        selected = grid_.selectionModel()->isSelected(grid_.model()->index(row, merged.col));
+    }
+    return selected;
 }
 
 QRect GridDelegate::placeOf(const GridRange& merged, const QRect& cell) const {

@@ -41,6 +41,8 @@ class GridDelegate : public QStyledItemDelegate {
     Content contentOf(const QStyleOptionViewItem& option, const QModelIndex& index) const;
     bool carriesTree(const QModelIndex& index) const;
     int indentOf(const QModelIndex& index) const;
+    /// Whether a row of a merged cell is selected; it is marked as a whole then.
+    bool isSelected(const GridRange& merged) const;
     QRect placeOf(const GridRange& merged, const QRect& cell) const;
     void paintTree(QPainter* painter, const QRect& cell, const QModelIndex& index) const;
     void paintCheck(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;

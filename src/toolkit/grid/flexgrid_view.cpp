@@ -104,7 +104,6 @@ void FlexGrid::paintStaying(QPainter& painter, const QModelIndex& first) const {
             }
             const QModelIndex cell = model_->index(row, col);
             option.rect = visualRect(cell);
-            option.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(cell));
             option.state.setFlag(QStyle::State_HasFocus, hasFocus() && cell == currentIndex());
             delegate_->paint(&painter, option, cell);
         }
