@@ -34,6 +34,11 @@ struct cUser {
     static Status UpdatePassword(const QString& UserName, const QString& newPassword);
 };
 
+/// Whether this is the system's own user, who may do all by name: each caller of the rights below lets it through.
+inline bool isAdmin(const QString& UserName) {
+    return UserName == QLatin1StringView("admin");
+}
+
 class cUsers : public Collection<cUser, NumberKey<&cUser::UserID>> {
  public:
     /// Loads one user, or all by name for 0.
@@ -44,8 +49,8 @@ class cUsers : public Collection<cUser, NumberKey<&cUser::UserID>> {
     /// The key of the user, 0 for an unknown name.
     static qint16 GetUserID(const QString& UserName);
 
-    /// Whether a role of the user may open the module of the key `TableName`. "admin" is nobody special here: the
-    /// callers let that name through. RuntimeError 3021 for an unknown module.
+    /// Whether a role of the user may open the module of the key `TableName`. isAdmin() counts for nothing
+    /// here. RuntimeError 3021 for an unknown module.
     static bool IsAccessModule(const QString& UserName, const QString& TableName);
     /// The same for one function of the module.
     static bool IsAccessFunction(const QString& UserName, const QString& TableName, const QString& FunctionKey);

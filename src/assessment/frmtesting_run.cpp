@@ -144,7 +144,7 @@ void frmTesting::SetRunState(bool running) {
 void frmTesting::fg1_Click() {
     const bool submitted = !ui->cmdNew->isHidden();
     if (!submitted) {
-        sheet_->toggle(ui->fg1->Row());
+        sheet_->toggle(ui->fg1->ClickedRow());
     }
 }
 

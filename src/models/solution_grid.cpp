@@ -52,7 +52,7 @@ void setUpGrid(FlexGrid& fg) {
         fg.setColAlignment(col, isName ? GridAlign::LeftCenter : GridAlign::RightCenter);
     }
     fg.setStretchCol(ElementCol);
-    fg.setMergeCells(GridMerge::RestrictColumns);
+    fg.setMergeCells(GridMerge::Free);
     fg.setMergeRow(0, true);
     for (const int col : {DimensionCol, DimensionScoreCol, DimensionWeightCol}) {
         fg.setMergeCol(col, true);

@@ -7,6 +7,7 @@
 #include "testbank/cexamination.h"
 #include "testbank/ctestingtype.h"
 #include "toolkit/look/theme.h"
+#include "workbench/list_colours.h"
 #include "workbench/list_rows.h"
 
 namespace talvora {
@@ -14,10 +15,6 @@ namespace talvora {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool hasRow(const FlexGrid& list) {
-    return list.Row() >= list.FixedRows();
-}
 
 void fillQuestions(const FlexGrid& list, FlexGrid& detail) {
     detail.setCols(12);
@@ -27,7 +24,7 @@ void fillQuestions(const FlexGrid& list, FlexGrid& detail) {
         const bool score = col >= 3 && col % 2 == 1;
         detail.setColAlignment(col, score ? GridAlign::RightCenter : GridAlign::LeftCenter);
     }
-    if (!hasRow(list) || list.IsSubtotal(list.Row())) {
+    if (list.Row() < 0 || list.IsSubtotal(list.Row())) {
         return;
     }
     // A type that its neighbours in the list leave without a node has nothing behind its code.
@@ -54,7 +51,7 @@ void addPart(FlexGrid& detail, const cTesting& part) {
         case 0:
             detail.setRowOutlineLevel(row, 1);
             break;
-        case 3:
+        case mainTypeCodeLength:
             detail.setRowOutlineLevel(row, 2);
             detail.setCellBackColor(cells, theme::Workspace);
             break;
@@ -91,7 +88,7 @@ void fillAnswers(const FlexGrid& list, FlexGrid& detail) {
     for (int col = 0; col < detail.Cols(); ++col) {
         detail.setColAlignment(col, col == 7 ? GridAlign::RightCenter : GridAlign::LeftCenter);
     }
-    if (!hasRow(list)) {
+    if (list.Row() < 0) {
         return;
     }
     cTestings family;

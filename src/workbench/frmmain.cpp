@@ -3,7 +3,6 @@
 #include "access/cmodule.h"
 #include "access/cuser.h"
 #include "core/mdlpublic.h"
-#include "platform/text.h"
 #include "platform/title.h"
 #include "results/search/cquery.h"
 #include "workbench/list_commands.h"
@@ -29,6 +28,7 @@ void frmMain::wire() {
     on(ui->tvTreeView, &ModuleTree::NodeClick, &frmMain::tvTreeView_NodeClick);
     on(ui->fg, &FlexGrid::Click, &frmMain::fg_Click);
     on(ui->fg, &FlexGrid::DblClick, &frmMain::fg_DblClick);
+    on(ui->fg, &FlexGrid::RowChange, &frmMain::fg_RowChange);
 }
 
 void frmMain::wireToolBars() {
@@ -80,7 +80,7 @@ void frmMain::Form_Unload() {
 }
 
 bool frmMain::mayOpen(const QString& module) const {
-    return cUsers::IsAccessModule(strCurrentUser, module) || strCurrentUser == "admin"_L1;
+    return cUsers::IsAccessModule(strCurrentUser, module) || isAdmin(strCurrentUser);
 }
 
 void frmMain::FillModuleTree(ModuleTree& tree) {
@@ -132,7 +132,7 @@ void frmMain::openModule(const QString& module) {
     strCurrentModule = module;
     ShowModuleBar(module);
     FillModuleGrid(*ui->fg, module);
-    ui->lblLegend->setText(ModuleLegend(module));
+    ui->lblLegend->setText(ColouredLegend(*ui->fg));
     SelectModuleNode(module);
 }
 
@@ -169,18 +169,16 @@ void frmMain::ShowModuleBar(const QString& module) {
         toolbar->setVisible(toolbar == shown);
     }
     ui->fgDetail->setRows(1);
-    closeDetailGrid();
+    CloseDetailGrid();
     if (!shown) {
         return;
     }
     InitToolBarRight(*shown, strCurrentUser, strCurrentModule);
-    if (shown == ui->tbrTestingType && trimBlanks(shown->caption(u"detail"_s)) == u"隐藏试题"_s) {
-        shown->setCaption(u"detail"_s, u" 显示试题"_s);
+    if (shown == ui->tbrTestingType) {
+        offerDetail(*shown, questionCaptions);
     }
     if (shown == ui->tbrTesting) {
-        if (trimBlanks(shown->caption(u"detail"_s)) == u"隐藏明细"_s) {
-            shown->setCaption(u"detail"_s, u"显示明细"_s);
-        }
+        offerDetail(*shown, answerCaptions);
         AddQueryToMenu();
     }
 }

@@ -34,7 +34,7 @@ class frmMain : public DesignedForm<frmMain, Ui::frmMain> {
     /// Shows the detail pane with its top below `y`, or in the middle for a `y` beyond the tree.
     void PlaceDetailGrid(int y, FlexGrid& grid);
     /// Hides the detail pane and gives its room to the list.
-    void closeDetailGrid();
+    void CloseDetailGrid();
 
  protected:
     void wire() override;
@@ -53,7 +53,8 @@ class frmMain : public DesignedForm<frmMain, Ui::frmMain> {
     void tvTreeView_NodeClick(QTreeWidgetItem* node);
     ToolBar* toolBarOf(const QString& module) const;
 
-    // The layout.
+    // The layout. The strips between the panes bear the names imgSplitter and ImgVertical, their ghosts picSplitter and
+    // PicVertical, so spelled.
     void wireLayout();
     void restorePlace();
     void savePlace();
@@ -85,6 +86,7 @@ class frmMain : public DesignedForm<frmMain, Ui::frmMain> {
     // The grids.
     void fg_Click();
     void fg_DblClick();
+    void fg_RowChange();
 
     // The toolbars' commands.
     void tbrPosition_ButtonClick(const QString& key);

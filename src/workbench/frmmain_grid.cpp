@@ -12,6 +12,13 @@ void frmMain::fg_Click() {
     }
 }
 
+// As a click does, but nothing is read while there is no pane to be seen: keys are held down over long lists.
+void frmMain::fg_RowChange() {
+    if (ui->fgDetail->isVisible()) {
+        FillDetailGrid(strCurrentModule, *ui->fg, *ui->fgDetail);
+    }
+}
+
 // The command is run even when its button is grey, so that a double click passes round the rights; this is meant.
 void frmMain::fg_DblClick() {
     const int row = ui->fg->Row();
@@ -28,7 +35,7 @@ void frmMain::fg_DblClick() {
     } else if (module == "position"_L1) {
         tbrPosition_ButtonClick(edit);
     }
-    if (row > 0 && row < ui->fg->Rows()) {
+    if (row >= 0 && row < ui->fg->Rows()) {
         ui->fg->Select(row, 0, row, ui->fg->Cols() - 1);
     }
 }

@@ -10,6 +10,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <limits>
 
 // The measures of the frame, its saved place and its splitters.
 namespace talvora {
@@ -29,6 +30,7 @@ constexpr int paneGap = 50;
 constexpr int ghostMargin = 500;
 constexpr int detailGhostMargin = 4000;
 constexpr int smallestDetail = 1000;
+constexpr int beyondTree = std::numeric_limits<int>::max();  // a place that stands for the middle
 constexpr int grip = 100;  // what the mouse can take of a splitter, which reaches into the pane behind it
 constexpr int secondMilliseconds = 1000;
 
@@ -158,7 +160,7 @@ void frmMain::SizeControls(int x) {
     place(*ui->ImgVertical, left, toTwips(ui->ImgVertical->y()), listWidth, grip);
     if (treeBottom() - detailTop < smallestDetail) {
         // A lower window would leave the pane below its edge.
-        PlaceDetailGrid(treeBottom(), *ui->fgDetail);
+        PlaceDetailGrid(beyondTree, *ui->fgDetail);
     }
 }
 
@@ -180,7 +182,7 @@ void frmMain::PlaceDetailGrid(int y, FlexGrid& grid) {
     place(*ui->imgSplitter, toTwips(ui->imgSplitter->x()), top, grip, treeHeight);
 }
 
-void frmMain::closeDetailGrid() {
+void frmMain::CloseDetailGrid() {
     ui->fgDetail->hide();
     ui->ImgVertical->hide();
     ui->fg->resize(ui->fg->width(), ui->tvTreeView->height() - toPixels(paneGap));

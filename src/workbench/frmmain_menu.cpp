@@ -64,7 +64,7 @@ void frmMain::mnuOption_Click() {
 
 void frmMain::mnuHelpSearchForHelpOn_Click() {
     if (helpFile().isEmpty()) {
-        MsgBox(u"无法显示帮助目录，该工程没有相关联的帮助。"_s, vbOKOnly, window()->windowTitle());
+        MsgBox(u"无法显示帮助目录，该工程没有相关联的帮助。"_s, vbInformation, window()->windowTitle());
         return;
     }
     startHelpViewer();

@@ -13,17 +13,21 @@ bool isSystemRole(const FlexGrid& list, int row) {
     return list.TextMatrix(row, 1) == u"系统管理员"_s;
 }
 
-void add(const frmMain& main) {
+void add(frmMain& main) {
     frmRole& dialog = frmRole::Default();
     dialog.AddMode = true;
     dialog.ShowModal();
     refill(main);
 }
 
-void edit(const frmMain& main, int row) {
+void edit(frmMain& main, int row) {
     FlexGrid& list = *main.ui->fg;
-    if ((row == 0 && refuse(u"已经没有记录可以修改！"_s)) ||
-        (isSystemRole(list, row) && refuse(u"［系统管理员］为系统角色，不能修改！"_s))) {
+    if (row < 0) {
+        warn(u"已经没有记录可以修改！"_s);
+        return;
+    }
+    if (isSystemRole(list, row)) {
+        warn(u"［系统管理员］为系统角色，不能修改！"_s);
         return;
     }
     frmRole& dialog = frmRole::Default();
@@ -35,9 +39,15 @@ void edit(const frmMain& main, int row) {
 }
 
 void deleteRole(FlexGrid& list, int row) {
-    if ((row == 0 && refuse(u"已经没有记录可以删除！"_s)) ||
-        (isSystemRole(list, row) && refuse(u"［系统管理员］为系统角色，不能删除！"_s)) ||
-        !confirmed(u"您确定删除当前所选的［角色］吗？"_s)) {
+    if (row < 0) {
+        warn(u"已经没有记录可以删除！"_s);
+        return;
+    }
+    if (isSystemRole(list, row)) {
+        warn(u"［系统管理员］为系统角色，不能删除！"_s);
+        return;
+    }
+    if (!confirmed(u"您确定删除当前所选的［角色］吗？"_s)) {
         return;
     }
     // A role in use is told by -2, not by 2, so that it stays without a word; this is meant.
@@ -46,7 +56,7 @@ void deleteRole(FlexGrid& list, int row) {
     if (status == Status::Done) {
         list.RemoveItem(row);
     } else if (status == referred) {
-        refuse(u"所选角色已被其它用户引用，不能删除！"_s);
+        warn(u"所选角色已被其它用户引用，不能删除！"_s);
     }
     selectRow(list, row);
 }

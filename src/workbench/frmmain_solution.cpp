@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void add(const frmMain& main) {
+void add(frmMain& main) {
     frmSolution& dialog = frmSolution::Default();
     dialog.AddMode = true;
     dialog.ShowModal();
@@ -17,8 +17,9 @@ void add(const frmMain& main) {
     selectRow(*main.ui->fg, main.ui->fg->Rows() - 1);
 }
 
-void edit(const frmMain& main, int row) {
-    if (row == 0 && refuse(u"已经没有记录或没选择拟修改的记录！"_s)) {
+void edit(frmMain& main, int row) {
+    if (row < 0) {
+        warn(u"已经没有记录或没选择拟修改的记录！"_s);
         return;
     }
     frmSolution& dialog = frmSolution::Default();
@@ -29,7 +30,11 @@ void edit(const frmMain& main, int row) {
 }
 
 void deleteModel(FlexGrid& list, int row) {
-    if ((row == 0 && refuse(u"已经没有记录可以删除！"_s)) || !confirmed(u"您确定删除当前所选的［素质模型］吗？"_s)) {
+    if (row < 0) {
+        warn(u"已经没有记录可以删除！"_s);
+        return;
+    }
+    if (!confirmed(u"您确定删除当前所选的［素质模型］吗？"_s)) {
         return;
     }
     cSolution::Delete(keyOf(list, row));

@@ -9,6 +9,7 @@
 #include "workbench/frmmain.h"
 #include "workbench/list_commands.h"
 #include "workbench/module_views.h"
+#include "workbench/toolbar_buttons.h"
 
 namespace talvora {
 
@@ -17,20 +18,28 @@ using namespace Qt::StringLiterals;
 namespace {
 
 void deleteTest(FlexGrid& list, int row) {
-    if ((row == 0 && refuse(u"已经没有记录可以删除！"_s)) || !confirmed(u"您确定删除当前所选的［测评记录］吗？"_s) ||
-        (list.IsSubtotal(row) && refuse(u"不能删除测评类型！"_s))) {
+    if (row < 0) {
+        warn(u"已经没有记录可以删除！"_s);
+        return;
+    }
+    if (!confirmed(u"您确定删除当前所选的［测评记录］吗？"_s)) {
+        return;
+    }
+    if (list.IsSubtotal(row)) {
+        warn(u"不能删除测评类型！"_s);
         return;
     }
     cTesting::Delete(toInt32(list.TextMatrix(row, 0)));
     takeOff(list, row);
 }
 
-/// Replaces the list by the records that a statement gives, as `fill` shows them.
+/// Replaces the list by the records that a statement gives, as `fill` shows them, and gives it the focus.
 void listFound(FlexGrid& list, const QString& statement, void (*fill)(FlexGrid&, const cTestings&)) {
     const BusyPointer busy;
     cTestings testings;
     testings.Find(0, statement);
     fill(list, testings);
+    list.setFocus();
 }
 
 // The menu is made anew in any case: searches may have been saved or deleted.
@@ -53,7 +62,7 @@ void runSavedQuery(FlexGrid& list, qint16 queryId) {
 }  // namespace
 
 void frmMain::tbrTesting_ButtonClick(const QString& key) {
-    const int row = chosenRow(*ui->fg);
+    const int row = ui->fg->Row();
     if (key == "add"_L1) {
         frmTesting::Default().ShowModal();
         mnuTesting_Click();
@@ -61,7 +70,7 @@ void frmMain::tbrTesting_ButtonClick(const QString& key) {
     } else if (key == "del"_L1) {
         deleteTest(*ui->fg, row);
     } else if (key == "detail"_L1) {
-        toggleDetail(*this, *ui->tbrTesting, {u"显示明细"_s, u"隐藏明细"_s, u"显示明细"_s});
+        toggleDetail(*this, *ui->tbrTesting, answerCaptions);
     } else if (key == "find"_L1) {
         find(*this);
     } else if (key == "exit"_L1) {

@@ -9,6 +9,7 @@
 #include "testbank/frmtypeparent.h"
 #include "workbench/frmmain.h"
 #include "workbench/list_commands.h"
+#include "workbench/toolbar_buttons.h"
 
 #include <algorithm>
 
@@ -18,16 +19,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString codeOf(const FlexGrid& list, int row) {
-    return row > 0 ? list.TextMatrix(row, 0) : QString();
-}
-
 qint16 paperOf(const QString& code) {
     return toInt16(dropLeft(code, subtypeCodeLength));
 }
 
 template <class Dialog>
-void openToAdd(const frmMain& main) {
+void openToAdd(frmMain& main) {
     Dialog& dialog = Dialog::Default();
     dialog.AddMode = true;
     dialog.ShowModal();
@@ -35,12 +32,12 @@ void openToAdd(const frmMain& main) {
 }
 
 // An added main type is told no code: one left from an edit would begin the first code of an emptied bank.
-void addMainType(const frmMain& main) {
+void addMainType(frmMain& main) {
     frmTypeParent::Default().TypeCodeOf.clear();
     openToAdd<frmTypeParent>(main);
 }
 
-void addSubtype(const frmMain& main, int row) {
+void addSubtype(frmMain& main, int row) {
     frmTypeChild::Default().TypeCodeOf = codeOf(*main.ui->fg, row).left(mainTypeCodeLength);
     openToAdd<frmTypeChild>(main);
 }
@@ -61,11 +58,11 @@ void editPaper(qint16 paper) {
 }
 
 // Without a row there is nothing to edit, and nothing is said.
-void edit(const frmMain& main, int row) {
-    const QString code = codeOf(*main.ui->fg, row);
-    if (row == 0) {
+void edit(frmMain& main, int row) {
+    if (row < 0) {
         return;
     }
+    const QString code = codeOf(*main.ui->fg, row);
     if (code.size() == mainTypeCodeLength) {
         editType<frmTypeParent>(code);
     } else if (code.size() == subtypeCodeLength) {
@@ -80,16 +77,19 @@ void edit(const frmMain& main, int row) {
 bool deleteType(const QString& code) {
     const Status status = cTestingType::Delete(code);
     if (status == Status::Dependants) {
-        refuse(u"该类型下还存在子类或试卷，不能删除！"_s);
+        warn(u"该类型下还存在子类或试卷，不能删除！"_s);
     } else if (status == Status::Failed) {
-        refuse(u"发生异常错误，删除不成功！"_s);
+        warn(u"发生异常错误，删除不成功！"_s);
     }
     return status != Status::Dependants && status != Status::Failed;
 }
 
 void deleteTypeOrPaper(FlexGrid& list, int row) {
-    if ((row == 0 && refuse(u"已经没有记录可以删除！"_s)) ||
-        !confirmed(u"您确定删除当前所选的［类型］或［试卷］吗？"_s)) {
+    if (row < 0) {
+        warn(u"已经没有记录可以删除！"_s);
+        return;
+    }
+    if (!confirmed(u"您确定删除当前所选的［类型］或［试卷］吗？"_s)) {
         return;
     }
     const QString code = codeOf(list, row);
@@ -107,19 +107,10 @@ void deleteTypeOrPaper(FlexGrid& list, int row) {
     }
 }
 
-void showLevels(const frmMain& main, int shown) {
-    const QStringList captions{u"显示主类"_s, u"显示子类"_s, u"显示试卷"_s};
-    for (int level = 1; level <= captions.size(); ++level) {
-        const QString mark = level == shown ? u"  √"_s : QString();
-        main.ui->tbrTestingType->setCaption(u"level%1"_s.arg(level), captions[level - 1] + mark);
-    }
-    main.ui->fg->Outline(shown);
-}
-
 }  // namespace
 
 void frmMain::tbrTestingType_ButtonClick(const QString& key) {
-    const int row = chosenRow(*ui->fg);
+    const int row = ui->fg->Row();
     if (key == "type1"_L1) {
         addMainType(*this);
     } else if (key == "type2"_L1) {
@@ -131,7 +122,7 @@ void frmMain::tbrTestingType_ButtonClick(const QString& key) {
     } else if (key == "del"_L1) {
         deleteTypeOrPaper(*ui->fg, row);
     } else if (key == "detail"_L1) {
-        toggleDetail(*this, *ui->tbrTestingType, {u"显示试题"_s, u"隐藏试题 "_s, u"显示试题 "_s});
+        toggleDetail(*this, *ui->tbrTestingType, questionCaptions);
     } else if (key == "exit"_L1) {
         endProgram(ProgramEnd::Orderly);
     }
@@ -144,7 +135,9 @@ void frmMain::tbrTestingType_ButtonMenuClick(const QString& key) {
     } else if (key.startsWith("export"_L1) || prints) {
         ExportPaperReport(*ui->fg, prints, u"详细测评试卷"_s, *ui->PrsBar, key.endsWith("select"_L1));
     } else if (key.startsWith("level"_L1)) {
-        showLevels(*this, key.right(1).toInt());
+        const int level = key.right(1).toInt();
+        markTypeLevel(*ui->tbrTestingType, level);
+        ui->fg->Outline(level);
     }
 }
 

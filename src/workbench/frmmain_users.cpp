@@ -11,11 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isAdmin(const QString& userName) {
-    return userName == "admin"_L1;
-}
-
-void add(const frmMain& main) {
+void add(frmMain& main) {
     frmUser& dialog = frmUser::Default();
     dialog.AddMode = true;
     dialog.ShowModal();
@@ -28,13 +24,15 @@ void changePassword(const QString& userName) {
     dialog.ShowModal();
 }
 
-// Others than "admin" change their own password here, whichever row is the current one.
-void edit(const frmMain& main, int row) {
+// Others than "admin" change their own password here, whether or not a row is selected.
+void edit(frmMain& main, int row) {
     FlexGrid& list = *main.ui->fg;
-    if (row == 0 && refuse(u"已经没有记录可以修改！"_s)) {
+    const bool ownOnly = !isAdmin(strCurrentUser);
+    if (ownOnly ? list.Rows() == list.FixedRows() : row < 0) {
+        warn(u"已经没有记录可以修改！"_s);
         return;
     }
-    if (!isAdmin(strCurrentUser) || isAdmin(list.TextMatrix(row, 1))) {
+    if (ownOnly || isAdmin(list.TextMatrix(row, 1))) {
         changePassword(strCurrentUser);
         return;
     }
@@ -47,10 +45,19 @@ void edit(const frmMain& main, int row) {
 }
 
 void deleteUser(FlexGrid& list, int row) {
-    if ((row == 0 && refuse(u"已经没有记录可以删除！"_s)) ||
-        (isAdmin(list.TextMatrix(row, 1)) && refuse(u"［admin］为系统用户，不能删除！"_s)) ||
-        (!isAdmin(strCurrentUser) && refuse(u"［"_s + strCurrentUser + u"］由系统用户创建，您无权删除！"_s)) ||
-        !confirmed(u"您确定删除当前所选的［用户］吗？"_s)) {
+    if (row < 0) {
+        warn(u"已经没有记录可以删除！"_s);
+        return;
+    }
+    if (isAdmin(list.TextMatrix(row, 1))) {
+        warn(u"［admin］为系统用户，不能删除！"_s);
+        return;
+    }
+    if (!isAdmin(strCurrentUser)) {
+        warn(u"［"_s + strCurrentUser + u"］由系统用户创建，您无权删除！"_s);
+        return;
+    }
+    if (!confirmed(u"您确定删除当前所选的［用户］吗？"_s)) {
         return;
     }
     // The status is not looked at, which is meant; so with the other lists that take the row off at once.

@@ -8,16 +8,13 @@
 #include "workbench/detail_views.h"
 #include "workbench/frmmain.h"
 #include "workbench/module_views.h"
+#include "workbench/toolbar_buttons.h"
 
 #include <algorithm>
 
 namespace talvora {
 
 using namespace Qt::StringLiterals;
-
-int chosenRow(const FlexGrid& list) {
-    return list.Row() >= list.FixedRows() ? list.Row() : 0;
-}
 
 void selectRow(FlexGrid& list, int row) {
     const int existing = std::min(row, list.Rows() - 1);
@@ -26,29 +23,32 @@ void selectRow(FlexGrid& list, int row) {
     }
 }
 
+QString codeOf(const FlexGrid& list, int row) {
+    return row >= 0 ? list.TextMatrix(row, 0) : QString();
+}
+
 qint16 keyOf(const FlexGrid& list, int row) {
     return toInt16(list.TextMatrix(row, 0));
 }
 
-bool refuse(const QString& text) {
+void warn(const QString& text) {
     MsgBox(text, vbExclamation);
-    return true;
 }
 
 bool confirmed(const QString& question) {
     return MsgBox(question, ConfirmStyle) == vbYes;
 }
 
-void refill(const frmMain& main) {
+void refill(frmMain& main) {
     FillModuleGrid(*main.ui->fg, main.strCurrentModule);
 }
 
 void takeOff(FlexGrid& list, int row) {
     list.RemoveItem(row);
-    selectRow(list, chosenRow(list));
+    selectRow(list, list.Row());
 }
 
-void runListCommand(const frmMain& main, const QString& key, const QString& title) {
+void runListCommand(frmMain& main, const QString& key, const QString& title) {
     if (key == "export"_L1 || key == "print"_L1) {
         ExportList(*main.ui->fg, key == "print"_L1, title, *main.ui->PrsBar);
     } else if (key == "exit"_L1) {
@@ -56,9 +56,9 @@ void runListCommand(const frmMain& main, const QString& key, const QString& titl
     }
 }
 
-void runRecordCommand(const frmMain& main, const QString& key, const QString& title, const RecordCommands& commands) {
+void runRecordCommand(frmMain& main, const QString& key, const QString& title, const RecordCommands& commands) {
     FlexGrid& list = *main.ui->fg;
-    const int row = chosenRow(list);
+    const int row = list.Row();
     if (key == "add"_L1) {
         commands.add(main);
     } else if (key == "edit"_L1) {
@@ -73,15 +73,15 @@ void runRecordCommand(const frmMain& main, const QString& key, const QString& ti
 void toggleDetail(frmMain& main, ToolBar& toolbar, const DetailCaptions& captions) {
     const QString key = u"detail"_s;
     if (trimBlanks(toolbar.caption(key)) != captions.show) {
-        toolbar.setCaption(key, captions.showAgain);
-        main.closeDetailGrid();
+        toolbar.setCaption(key, captions.showAgain.toString());
+        main.CloseDetailGrid();
         return;
     }
     FlexGrid& detail = *main.ui->fgDetail;
-    toolbar.setCaption(key, captions.hide);
+    toolbar.setCaption(key, captions.hide.toString());
     main.PlaceDetailGrid(toTwips(detail.y()), detail);
     FlexGrid& list = *main.ui->fg;
-    if (chosenRow(list) > 0) {
+    if (list.Row() >= 0) {
         FillDetailGrid(main.strCurrentModule, list, detail);
         // The list has become lower, and the row that the pane tells about may have left the view.
         list.scrollTo(list.currentIndex());

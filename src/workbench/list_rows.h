@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QColor>
 #include <QString>
 
 #include <array>
@@ -8,10 +7,6 @@
 #include <limits>
 
 namespace talvora {
-
-/// The colours in which the lists mark rows and cells.
-inline constexpr QColor PaleYellow{255, 255, 192};
-inline constexpr QColor Red{255, 0, 0};
 
 namespace detail {
 

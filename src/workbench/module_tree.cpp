@@ -48,11 +48,11 @@ void ModuleTree::AddNode(const QString& parent, const QString& key, const QStrin
     nodes_.push_back(node);
 }
 
-QTreeWidgetItem& ModuleTree::Node(int number) const {
+QTreeWidgetItem* ModuleTree::node(int number) const {
     if (number < 1 || number > NodeCount()) {
         throw RuntimeError(IndexOutOfBounds, u"索引超出边界"_s);
     }
-    return *nodes_[static_cast<std::size_t>(number - 1)];
+    return nodes_[static_cast<std::size_t>(number - 1)];
 }
 
 QString ModuleTree::Key(int number) const {

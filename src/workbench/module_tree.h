@@ -22,7 +22,8 @@ class ModuleTree : public QTreeWidget {
 
     int NodeCount() const { return static_cast<int>(nodes_.size()); }
     /// A node by its number, counted from 1 in the order in which they were added. RuntimeError 35600 outside.
-    QTreeWidgetItem& Node(int number) const;
+    QTreeWidgetItem& Node(int number) { return *node(number); }
+    const QTreeWidgetItem& Node(int number) const { return *node(number); }
     QString Key(int number) const;
     QString Tag(int number) const;
     static QString Tag(const QTreeWidgetItem& node);
@@ -41,6 +42,8 @@ class ModuleTree : public QTreeWidget {
                                                          const QEvent* event = nullptr) const override;
 
  private:
+    QTreeWidgetItem* node(int number) const;
+
     std::vector<QTreeWidgetItem*> nodes_;
 };
 

@@ -8,7 +8,10 @@
 #include "testbank/cexamination.h"
 #include "testbank/ctestingtype.h"
 #include "toolkit/application/busy.h"
+#include "workbench/list_colours.h"
 #include "workbench/list_rows.h"
+
+#include <algorithm>
 
 namespace talvora {
 
@@ -16,8 +19,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView unfinishedLegend = u"红色表示未完成试卷设置";
-constexpr QStringView modelLegend = u"浅黄底色表示一个［素质模型］";
+/// What a colour in a list means, and how it is worn.
+struct Legend {
+    QStringView text;
+    QLatin1StringView property;
+    QColor colour;
+};
+
+constexpr Legend unfinishedLegend{u"红色表示未完成试卷设置", "color"_L1, Red};
+constexpr Legend modelLegend{u"浅黄底色表示一个［素质模型］", "background-color"_L1, PaleYellow};
 constexpr qsizetype codeStep = 3;  // characters of a code for each level
 constexpr int allLevels = 10;
 
@@ -75,7 +85,7 @@ void addPapers(FlexGrid& fg, const QString& typeCode) {
 
 void fillTestingType(FlexGrid& fg) {
     constexpr int subtypeLevel = 2;
-    fg.setToolTip(unfinishedLegend.toString());
+    fg.setToolTip(unfinishedLegend.text.toString());
     fg.setFormatString(
         u"类型编码|测评试卷              |编制人员    |审核人员    |批准人员    |编制日期    |审核日期    |批准日期    |每题答案数   |试卷题目数   |测评时长(分) |试卷说明"_s);
     setTree(fg);
@@ -86,12 +96,12 @@ void fillTestingType(FlexGrid& fg) {
     types.Find(TypeKind::All);
     for (int i = 1; i <= types.Count(); ++i) {
         const cTestingType& type = *types.Item(i);
-        const bool isMain = type.NowCode.size() == codeStep;
+        const bool isMain = type.NowCode.size() == mainTypeCodeLength;
         // The date of a subtype stands in the fourth column, which is meant.
         fg.AddItem(isMain ? rowText(type.NowCode, type.Name)
                           : rowText(type.NowCode, type.Name, type.Author, type.WriteDate));
         applyOutlineRule(fg, types, i);
-        if (type.NowCode.size() > codeStep) {
+        if (type.NowCode.size() > mainTypeCodeLength) {
             makeNode(fg, fg.Rows() - 1, subtypeLevel);
             addPapers(fg, type.NowCode);
         }
@@ -112,7 +122,7 @@ void fillSolution(FlexGrid& fg) {
 }
 
 void fillTesting(FlexGrid& fg) {
-    fg.setToolTip(modelLegend.toString());
+    fg.setToolTip(modelLegend.text.toString());
     fg.setFormatString(
         u"测评ID|序号 |姓名      |性别|年龄|身份证号          |学历  |职位      |薪资范围    |测评时间     |测评类型     |模型版本 |试卷题目数|实际答题数|测评得分|测评结果       |结果说明"_s);
     setTree(fg);
@@ -146,7 +156,7 @@ void fillUsers(FlexGrid& fg) {
     fg.setFormatString(u"用户ID|用户名           |已锁定  |说明"_s);
     fg.setColDataType(2, GridDataType::Boolean);
     cUsers users;
-    users.Find(strCurrentUser == "admin"_L1 ? qint16{0} : cUsers::GetUserID(strCurrentUser));
+    users.Find(isAdmin(strCurrentUser) ? qint16{0} : cUsers::GetUserID(strCurrentUser));
     for (const auto& user : users) {
         fg.AddItem(rowText(user->UserID, user->UserName, user->Locked ? u"True"_s : u"False"_s, user->UserDesc));
     }
@@ -192,21 +202,21 @@ void FillModuleGrid(FlexGrid& fg, const QString& module) {
     fg.setCols(1);
     fg.setColHidden(0, true);
     fg.setFitToTexts(true);
-    for (const View& view : views) {
-        if (view.module == module.toLower()) {
-            view.fill(fg);
-        }
+    const auto view = std::find_if(std::begin(views), std::end(views),
+                                   [&](const View& each) { return each.module == module.toLower(); });
+    if (view != std::end(views)) {
+        view->fill(fg);
     }
 }
 
-QString ModuleLegend(const QString& module) {
-    const auto legend = [](const QString& property, const QColor& colour, QStringView text) {
-        return u"<span style='%1: %2'>&nbsp;%3&nbsp;</span>"_s.arg(property, colour.name(), text);
-    };
-    if (module.toLower() == "testingtype"_L1) {
-        return legend(u"color"_s, Red, unfinishedLegend);
+QString ColouredLegend(const FlexGrid& fg) {
+    for (const Legend& legend : {unfinishedLegend, modelLegend}) {
+        if (fg.toolTip() == legend.text) {
+            return u"<span style='%1: %2'>&nbsp;%3&nbsp;</span>"_s.arg(legend.property, legend.colour.name(),
+                                                                       legend.text);
+        }
     }
-    return module.toLower() == "testing"_L1 ? legend(u"background-color"_s, PaleYellow, modelLegend) : QString();
+    return {};
 }
 
 void FillTestings(FlexGrid& fg, const cTestings& testings) {

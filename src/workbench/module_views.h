@@ -12,8 +12,8 @@ namespace talvora {
 /// and the grid's tool tip is the legend of its colours. A failing statement's error goes to the caller.
 void FillModuleGrid(FlexGrid& fg, const QString& module);
 
-/// What the colours of a module's list mean, as rich text that wears the colour; empty for a list without colours.
-QString ModuleLegend(const QString& module);
+/// The legend that is on a list, as rich text in its colour; empty without one.
+QString ColouredLegend(const FlexGrid& fg);
 
 /// Replaces the rows of the list of tests by these, in all of its 17 columns. Competency models are marked.
 void FillTestings(FlexGrid& fg, const cTestings& testings);

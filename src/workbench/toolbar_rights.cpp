@@ -12,7 +12,7 @@ void InitToolBarRight(ToolBar& toolbar, const QString& userName, const QString& 
         const QString key = trimBlanks(name);
         if (!key.isEmpty() && key != "exit"_L1) {
             const bool granted = cUsers::IsAccessFunction(userName, module, key);
-            toolbar.setUsable(name, granted || userName == "admin"_L1);
+            toolbar.setUsable(name, granted || isAdmin(userName));
         }
     }
 }

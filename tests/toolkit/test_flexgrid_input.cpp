@@ -20,27 +20,94 @@ class FlexGridInput : public testing::Test {
  protected:
     FlexGridInput() {
         watched.show();
-        const auto record = [this](QChar event) { events << u"%1%2,%3"_s.arg(event).arg(grid.Row()).arg(grid.Col()); };
-        QObject::connect(&grid, &FlexGrid::Click, &grid, [=] { record(u'C'); });
-        QObject::connect(&grid, &FlexGrid::DblClick, &grid, [=] { record(u'D'); });
+        const auto record = [this](const QString& event, int row) { events << event + QString::number(row); };
+        QObject::connect(&grid, &FlexGrid::Click, &grid,
+                         [=, this] { record(u"C%1,"_s.arg(grid.ClickedRow()), grid.ClickedCol()); });
+        QObject::connect(&grid, &FlexGrid::DblClick, &grid, [=, this] { record(u"D"_s, grid.ClickedRow()); });
+        QObject::connect(&grid, &FlexGrid::RowChange, &grid, [=, this] { record(u"R"_s, grid.Row()); });
+    }
+    void clickTitle(int col, Qt::MouseButton button = Qt::LeftButton) {
+        const QHeaderView& header = *grid.horizontalHeader();
+        QTest::mouseClick(header.viewport(), button, {}, {header.sectionViewportPosition(col) + 20, 8});
+    }
+    /// Presses the mouse in one cell, draws it to another and lets it go.
+    void draw(QPoint from, QPoint to) {
+        QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, from);
+        QMouseEvent move(QEvent::MouseMove, to, grid.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(grid.viewport(), &move);
+        QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, to);
+    }
+    QPoint middle(int row, int col) { return grid.CellRect(row, col).center(); }
+    QPoint belowTheRows() { return {40, grid.CellRect(4, 1).bottom() + 30}; }
+    void expectSelected(const std::vector<int>& rows, int current) {
+        EXPECT_EQ(grid.SelectedRows(), rows);
+        EXPECT_EQ(grid.Row(), current);
     }
 
     WatchedGrid watched{{u"1\ta\t1"_s, u"2\tb\t2"_s, u"3\tc\t3"_s, u"4\td\t4"_s}};
     FlexGrid& grid = watched.grid;
-    QStringList events;  ///< clicks and double clicks with the place that the grid told then
+    QStringList events;  ///< clicks and double clicks with the cell clicked, and moves with the row reached
 };
 
 TEST_F(FlexGridInput, ClicksTellTheirCell) {
     clickCell(grid, 3, 2);
     // Below the rows, and with the other button, there is no click.
-    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, {40, grid.CellRect(4, 1).bottom() + 30});
-    QTest::mouseClick(grid.viewport(), Qt::RightButton, {}, grid.CellRect(2, 1).center());
-    const QHeaderView& header = *grid.horizontalHeader();
-    QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, {header.sectionViewportPosition(2) + 20, 8});
-    EXPECT_THAT(grid.SelectedRows(), ElementsAre());
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, belowTheRows());
+    QTest::mouseClick(grid.viewport(), Qt::RightButton, {}, middle(2, 1));
     clickCell(grid, 2, 1);
-    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, grid.CellRect(2, 1).center());
-    EXPECT_EQ(events, QStringList({u"C3,2"_s, u"C0,2"_s, u"C2,1"_s, u"D2,1"_s}));
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, middle(2, 1));
+    EXPECT_EQ(events, QStringList({u"C3,2"_s, u"R2"_s, u"C2,1"_s, u"D2"_s}));
+}
+
+TEST_F(FlexGridInput, ATitleIsClickedWithoutTakingTheRowAway) {
+    clickTitle(1);
+    expectSelected({}, -1);
+    clickCell(grid, 3, 1);
+    clickTitle(2);
+    clickTitle(1, Qt::RightButton);
+    QWidget* header = grid.horizontalHeader()->viewport();
+    QTest::mouseDClick(header, Qt::LeftButton, {}, {grid.columnWidth(1) / 2, 8});
+    QTest::mousePress(header, Qt::LeftButton, {}, {20, 8});
+    EXPECT_EQ(events, QStringList({u"C0,1"_s, u"C3,1"_s, u"C0,2"_s})) << "a press alone is no click yet";
+    expectSelected({3}, 3);
+}
+
+TEST_F(FlexGridInput, WhatIsCurrentStaysSelected) {
+    clickCell(grid, 2, 1);
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, belowTheRows());
+    expectSelected({2}, 2);
+    clickCell(grid, 2, 1, Qt::ControlModifier);
+    expectSelected({2}, 2);
+    clickCell(grid, 4, 1, Qt::ControlModifier);
+    clickCell(grid, 4, 1, Qt::ControlModifier);
+    expectSelected({2}, 2);
+    QTest::keyClick(&grid, Qt::Key_Space, Qt::ControlModifier);
+    expectSelected({2}, 2);
+    QTest::keyClick(&grid, Qt::Key_Down, Qt::ControlModifier);
+    expectSelected({3}, 3);
+    draw(belowTheRows(), middle(4, 1));
+    EXPECT_THAT(grid.SelectedRows(), testing::Contains(grid.Row()));
+    grid.Select(0, 1);
+    expectSelected({}, -1);
+    QTest::keyClick(&grid, Qt::Key_A, Qt::ControlModifier);
+    expectSelected({1, 2, 3, 4}, 1);
+    // Where cells are selected, the same holds for the cell.
+    grid.setSelectionBehavior(FlexGrid::SelectItems);
+    clickCell(grid, 3, 2);
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, belowTheRows());
+    EXPECT_TRUE(grid.selectionModel()->isSelected(grid.currentIndex()));
+}
+
+TEST_F(FlexGridInput, TellsWhatMovesTheCursorBesidesClicks) {
+    draw(middle(2, 1), middle(2, 2));
+    EXPECT_EQ(events, QStringList({u"C2,2"_s})) << "a click may slip over the edge of a column";
+    events.clear();
+    draw(middle(2, 1), middle(4, 1));
+    expectSelected({2, 3, 4}, 4);
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Home, Qt::Key_Home, Qt::Key_PageDown, Qt::Key_Down, Qt::Key_PageUp}) {
+        QTest::keyClick(&grid, key);
+    }
+    EXPECT_EQ(events, QStringList({u"R4"_s, u"R3"_s, u"R1"_s, u"R4"_s, u"R1"_s}));
 }
 
 TEST_F(FlexGridInput, SelectsRowsByCodeByHandAndByKeys) {
@@ -88,18 +155,23 @@ TEST_F(FlexGridInput, TabEntersAndLeavesSpaceClicksEnterIsTheWindows) {
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    QTest::keyClick(&grid, Qt::Key_Space);  // no row is current yet
     before.setFocus();
     QTest::keyClick(&before, Qt::Key_Tab);
     EXPECT_TRUE(grid.hasFocus());
-    EXPECT_THAT(grid.SelectedRows(), ElementsAre(1));
+    expectSelected({}, -1);
     QTest::keyClick(&grid, Qt::Key_Space);
-    EXPECT_EQ(events, QStringList({u"C1,1"_s}));
+    expectSelected({1}, 1);
+    QTest::keyClick(&grid, Qt::Key_Space);
+    EXPECT_EQ(events, QStringList({u"R1"_s, u"C1,1"_s}));
     EXPECT_THAT(grid.SelectedRows(), ElementsAre(1)) << "Space must not take the selection off";
     QTest::keyClick(&grid, Qt::Key_Return);
     EXPECT_EQ(window.enters, 1);
     QTest::keyClick(&grid, Qt::Key_Tab);
     EXPECT_TRUE(before.hasFocus());
+    grid.Select(0, 1);
+    grid.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&grid, Qt::Key_Down);
+    expectSelected({1}, 1);
     grid.setParent(nullptr);
 }
 
@@ -118,6 +190,27 @@ TEST_F(FlexGridInput, FrozenColumnsStayWhenTheGridScrolls) {
     QTest::keyClick(&grid, Qt::Key_Right);
     EXPECT_EQ(grid.Col(), 2);
     EXPECT_GE(grid.CellRect(1, 2).left(), question.right() + 1) << "the cursor's cell comes out from underneath";
+    grid.horizontalScrollBar()->setValue(100);
+    QTest::mouseClick(grid.horizontalHeader()->viewport(), Qt::LeftButton, {}, {question.center().x(), 8});
+    EXPECT_EQ(events.last(), u"C0,1"_s) << "its title stays, too";
+}
+
+TEST_F(FlexGridInput, FrozenColumnsLeaveRoomToScrollBesideThem) {
+    grid.setFormatString(u"序号|题目      |选项A            |选项B            |选项C            |选项D            "_s);
+    grid.setColHidden(0, false);
+    grid.setTextMatrix(1, 1, QString(60, u'题'));
+    grid.setFitToTexts(true);
+    grid.setFrozenCols(2);
+    for (const int width : {400, 250, 900}) {
+        grid.resize(width, 200);
+        QCoreApplication::processEvents();
+        const QRect question = grid.CellRect(1, 1);
+        EXPECT_LE(question.right() + 1, grid.viewport()->width() * 3 / 4) << width;
+        grid.horizontalScrollBar()->setValue(grid.horizontalScrollBar()->maximum());
+        EXPECT_EQ(grid.CellRect(1, 1), question) << width;
+        grid.horizontalScrollBar()->setValue(0);
+    }
+    EXPECT_GE(grid.columnWidth(1), 40 * grid.fontMetrics().horizontalAdvance(u'题')) << "where there is room";
 }
 
 /// Rows told by their keys: a key that ends in a digit is a node of that level, any other a plain row.

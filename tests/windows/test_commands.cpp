@@ -11,8 +11,8 @@
 #include "windows/grid_listing.h"
 #include "windows/journey_bank.h"
 #include "workbench/frmmain.h"
-#include "workbench/list_commands.h"
 
+#include <QHeaderView>
 #include <QTest>
 #include <QToolButton>
 
@@ -133,7 +133,7 @@ TEST_F(Commands, DialogsGuardsAndQuestions) {
             EXPECT_EQ(script.last().style, each.outcome.isEmpty() ? 0 : each.answer == vbOK ? 48 : 292);
         }
         EXPECT_EQ(fg().Rows(), each.rows);
-        EXPECT_EQ(chosenRow(fg()), each.rowAfter);
+        EXPECT_EQ(std::max(fg().Row(), 0), each.rowAfter);
     }
     open(u"testingtype"_s, 1);
     PromptScript script;
@@ -151,15 +151,76 @@ TEST_F(Commands, FewRightsAndTheDoubleClickRoundThem) {
         usable += bar().button(key)->isEnabled() ? key + u' ' : QString();
     }
     EXPECT_EQ(usable, u"export exit "_s);
-    whenModal<frmPassword>([](frmPassword& dialog) {
-        EXPECT_EQ(dialog.UserNameOf, u"li"_s);
-        dialog.window()->close();
-    });
+    const auto opensPassword = [] {
+        whenModal<frmPassword>([](frmPassword& dialog) {
+            EXPECT_EQ(dialog.UserNameOf, u"li"_s);
+            dialog.window()->close();
+        });
+    };
+    opensPassword();
     QTest::mouseDClick(fg().viewport(), Qt::LeftButton, Qt::NoModifier, fg().CellRect(1, 1).center());
     EXPECT_EQ(fg().Row(), 1);
     PromptScript script;
     script.expect(vbOK, u"［li］由系统用户创建，您无权删除！"_s);
     Q_EMIT bar().ButtonClick(u"del"_s);
+    // The own password needs no row selected, as long as there is one; to delete does.
+    main.ui->mnuUsers->trigger();
+    EXPECT_EQ(fg().Row(), -1);
+    opensPassword();
+    Q_EMIT bar().ButtonClick(u"edit"_s);
+    script.expect(vbOK, u"已经没有记录可以删除！"_s).expect(vbOK, u"已经没有记录可以修改！"_s);
+    Q_EMIT bar().ButtonClick(u"del"_s);
+    fg().setRows(1);
+    Q_EMIT bar().ButtonClick(u"edit"_s);
+}
+
+TEST_F(Commands, ActOnTheMarkedRowWhateverIsPressedBesideIt) {
+    logIn(u"admin"_s);
+    const auto click = [&](QPoint place, Qt::KeyboardModifier key = Qt::NoModifier) {
+        QTest::mouseClick(fg().viewport(), Qt::LeftButton, key, place);
+    };
+    QWidget* titles = fg().horizontalHeader()->viewport();
+    for (const QString& module : {u"users"_s, u"testing"_s}) {
+        open(module, 0);
+        click(fg().CellRect(1, 1).center());
+        click(fg().viewport()->rect().bottomLeft() - QPoint(-30, 5));
+        click(fg().CellRect(1, 1).center(), Qt::ControlModifier);
+        QTest::mouseClick(titles, Qt::LeftButton, {}, {20, 9});
+        QTest::mouseDClick(titles, Qt::LeftButton, {}, {20, 9});  // opens nothing
+        EXPECT_EQ(fg().SelectedRows(), std::vector<int>{1});
+        EXPECT_EQ(fg().Row(), 1);
+    }
+    open(u"users"_s, 0);
+    fg().setFocus(Qt::TabFocusReason);
+    PromptScript script;
+    script.expect(vbOK, u"已经没有记录可以删除！"_s);
+    press(u"del"_s);
+}
+
+TEST_F(Commands, ThePaneFollowsTheMarkedRow) {
+    logIn(u"admin"_s);
+    open(u"testingtype"_s, 3);
+    press(u"detail"_s);
+    const auto shown = [&] { return main.ui->fgDetail->Rows() - 1; };
+    QString found;
+    fg().setFocus();
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Home, Qt::Key_End, Qt::Key_Up, Qt::Key_PageUp}) {
+        QTest::keyClick(&fg(), key);
+        found += u"%1:%2 "_s.arg(fg().Row()).arg(shown());
+    }
+    EXPECT_EQ(found, u"4:0 5:1 1:0 11:2 10:0 7:0 "_s);
+    // The mouse is drawn over several rows, then a row is folded away.
+    QTest::mousePress(fg().viewport(), Qt::LeftButton, {}, fg().CellRect(2, 1).center());
+    const QPoint to = fg().CellRect(3, 1).center();
+    QMouseEvent move(QEvent::MouseMove, to, fg().viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(fg().viewport(), &move);
+    QTest::mouseRelease(fg().viewport(), Qt::LeftButton, {}, to);
+    EXPECT_EQ(u"%1:%2"_s.arg(fg().Row()).arg(shown()), u"3:3"_s);
+    QTest::keyClick(&fg(), Qt::Key_Left);
+    EXPECT_EQ(u"%1:%2"_s.arg(fg().Row()).arg(shown()), u"2:0"_s);
+    press(u"detail"_s);
+    const auto sent = statementsOf([&] { QTest::keyClick(&fg(), Qt::Key_Down); });
+    EXPECT_EQ(sent.size(), 0) << "nothing is read for a pane that is shut";
 }
 
 TEST_F(Commands, SearchesFillTheList) {
@@ -168,6 +229,8 @@ TEST_F(Commands, SearchesFillTheList) {
     open(u"testing"_s, 1);
     bar().entry(u"a1"_s)->trigger();
     EXPECT_EQ(listing(fg()), u"- 1|1|n|s|20|e|d|t|5|r"_s);
+    EXPECT_EQ(focused(), &fg());
+    main.ui->tvTreeView->setFocus();
     cnnPublic.Execute(u"delete from Query"_s);
     bar().entry(u"a1"_s)->trigger();
     EXPECT_EQ(fg().Rows(), 2) << "a search deleted meanwhile changes nothing";
@@ -181,6 +244,8 @@ TEST_F(Commands, SearchesFillTheList) {
     });
     press(u"find"_s);
     EXPECT_EQ(listing(fg()), u"- 1|1|n|s|20|i|e|||d|t||0|0|5|r"_s);
+    EXPECT_EQ(main.window()->focusWidget(), &fg());
+    EXPECT_EQ(fg().Row(), -1) << "nothing that was found is marked";
 }
 
 TEST_F(Commands, CaptionsTellTheDetailPaneAndTheLevels) {

@@ -186,20 +186,32 @@ TEST_F(ModelEditor, CursorAndButtonsStayWhereTheUserLeftThem) {
     command(w, u"edit1"_s, 4, u"003 身心"_s, 3);
     command(w, u"del1"_s, 4, u"您确定要删除［003 身心］吗！"_s, 0);
     EXPECT_EQ(state(), u"3,0 +++-"_s);
-    // Neither asks for a line: on a title they name it, and find nothing of it below.
-    w.ui->fg2->Select(0, 0);
-    command(w, u"del1"_s, 0, u"您确定要删除［测评维度］吗！"_s, 0);
-    whenModal<frmDimension>([](frmDimension& d) {
-        EXPECT_EQ(d.ui->txtScore->text(), u"测评维度"_s);
-        click(d.ui->Command2);
-    });
-    click(w.ui->Toolbar1->button(u"edit1"_s));
     // Escape is no way out of half a model.
     type(w.ui->txtSolution, u"新模型"_s);
     press(Qt::Key_Escape);
     EXPECT_TRUE(w.isLoaded());
     open(false);
     EXPECT_EQ(state(), u"2,0 +++-"_s);
+}
+
+TEST_F(ModelEditor, EqualScoresOfNeighboursAreDrawnAsOneAndKeepTheirRows) {
+    frmSolution& w = open(false);
+    FlexGrid& fg = *w.ui->fg2;
+    const QImage picture = fg.viewport()->grab().toImage();
+    const auto lineBelowFirst = [&](int col) {
+        const QRect cell = fg.CellRect(solution::FirstRow, col);
+        return picture.pixelColor(cell.left() + 2, cell.bottom()) !=
+               picture.pixelColor(cell.left() + 2, cell.top() + 2);
+    };
+    EXPECT_EQ(fg.TextMatrix(2, solution::DimensionScoreCol), fg.TextMatrix(3, solution::DimensionScoreCol));
+    EXPECT_FALSE(lineBelowFirst(solution::DimensionScoreCol));
+    EXPECT_TRUE(lineBelowFirst(solution::DimensionWeightCol));
+    clickCell(&fg, 3, solution::DimensionScoreCol);
+    whenModal<frmDimension>([](frmDimension& dialog) {
+        EXPECT_EQ(dialog.ui->cmbType->text(), u"002 专业能力"_s);
+        press(Qt::Key_Escape);
+    });
+    click(w.ui->Toolbar1->button(u"edit1"_s));
 }
 
 TEST_F(ModelEditor, KeysStepTheVersionAndPassOverTheToolbar) {

@@ -5,6 +5,9 @@
 #include "windows/journey_bank.h"
 #include "workbench/frmlogin.h"
 
+#include <QHeaderView>
+#include <QTest>
+
 namespace talvora::test {
 namespace {
 
@@ -52,6 +55,7 @@ TEST_F(SelfService, SinglePaperFromEntryToVerdict) {
         answer(w.ui->fg1, 1, u'D');
         answer(w.ui->fg1, 2, u'A');
         answer(w.ui->fg1, 2, u'C');
+        QTest::mouseClick(w.ui->fg1->horizontalHeader()->viewport(), Qt::LeftButton, {}, {9, 9});
         EXPECT_EQ(marks(w.ui->fg1), u"DC-"_s);
 
         click(w.ui->cmdSubmit);

@@ -72,6 +72,10 @@ TEST_F(Views, TestsInSeventeenCellsModelsInYellow) {
     EXPECT_EQ(fill(u"Testing"_s), u"- 3|1|||0||||||||0|0|0\n- 1|2|n|s|30|i|e|p|w|d|t|v|9|8|7|r|x #ffffc0"_s);
     fill(u"position"_s);
     EXPECT_EQ(fg.toolTip(), u"浅黄底色表示一个［素质模型］"_s) << "positions leave the legend alone";
+    EXPECT_EQ(ColouredLegend(fg),
+              u"<span style='background-color: #ffffc0'>&nbsp;浅黄底色表示一个［素质模型］&nbsp;</span>"_s);
+    fill(u"roles"_s);
+    EXPECT_EQ(ColouredLegend(fg), QString());
 }
 
 TEST_F(Views, PlainLists) {

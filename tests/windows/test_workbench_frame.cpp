@@ -8,6 +8,7 @@
 #include "workbench/frmsysinfo.h"
 
 #include <QDesktopServices>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTemporaryDir>
 #include <QTest>
@@ -149,6 +150,43 @@ TEST_F(Workbench, ClosesTheDetailPaneWithAnotherModule) {
     }
 }
 
+TEST_F(Workbench, KeepsLongQuestionsBesideTheirAnswers) {
+    const QString question = u"当您负责的项目进度明显落后于计划，而同事都很忙，您通常会首先采取哪一种做法？"_s;
+    cnnPublic.Execute(u"update ExaminationQuestion set QuestionName='%1', Answer1='%1'"_s.arg(question));
+    cnnPublic.Execute(
+        u"insert into TestingResult (TestingNumber, TypeName, TypeCode, SolutionID) values (1, 't', '001001', 0)"_s);
+    cnnPublic.Execute(
+        u"insert into TestingResultDetail (TestingID, ExaminationID, QuestionName, Answer1) values (1, 1, '%1', '%1')"_s
+            .arg(question));
+    w.Show();
+    EXPECT_EQ(w.window()->size(), QSize(toPixels(11000), toPixels(7000)));
+    for (const auto& [open, toolbar, row, questionRow, col] :
+         {std::tuple(w.ui->mnuTestingType, w.ui->tbrTestingType, 3, 1, 1),
+          {w.ui->mnuTesting, w.ui->tbrTesting, 1, 2, 0}}) {
+        open->trigger();
+        w.ui->fg->Select(row, 1);
+        click(toolbar->button(u"detail"_s));
+        QCoreApplication::processEvents();
+        FlexGrid& pane = *w.ui->fgDetail;
+        const QRect before = pane.CellRect(questionRow, col);
+        ASSERT_GT(pane.horizontalScrollBar()->maximum(), 0);
+        pane.horizontalScrollBar()->setValue(pane.horizontalScrollBar()->maximum());
+        EXPECT_EQ(pane.CellRect(questionRow, col), before);
+        EXPECT_LT(before.right(), pane.viewport()->width() * 3 / 4);
+    }
+}
+
+TEST_F(Workbench, ShowsTheLegendOfItsList) {
+    w.Show();
+    w.ui->mnuTesting->trigger();
+    const QString legend = w.ui->lblLegend->text();
+    EXPECT_TRUE(legend.contains(w.ui->fg->toolTip()));
+    w.ui->mnuPosition->trigger();
+    EXPECT_EQ(w.ui->lblLegend->text(), legend) << "positions leave the legend alone";
+    w.ui->mnuRoles->trigger();
+    EXPECT_EQ(w.ui->lblLegend->text() + w.ui->fg->toolTip(), QString());
+}
+
 TEST_F(Workbench, FollowsMouseAndKeysInTheTree) {
     w.Show();
     ModuleTree* tree = w.ui->tvTreeView;
@@ -194,6 +232,7 @@ TEST_F(Workbench, HelpIsSilentWhereNothingOpensIt) {
     PromptScript script;
     script.expect(vbOK, u"无法显示帮助目录，该工程没有相关联的帮助。"_s);
     w.ui->mnuHelpSearchForHelpOn->trigger();
+    EXPECT_EQ(script.last().style, vbInformation);
     whenModal<frmAbout>([](frmAbout& about) { click(about.ui->cmdOK); });
     w.ui->mnuHelpAbout->trigger();
     frmSysInfo::Default().Show();

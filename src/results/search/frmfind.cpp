@@ -155,8 +155,8 @@ void frmFind::listQueries() {
 }
 
 void frmFind::fg1_Click() {
-    const int row = ui->fg1->Row();
-    if (ui->fg1->Col() != deleteCol || row < 1) {
+    const int row = ui->fg1->ClickedRow();
+    if (ui->fg1->ClickedCol() != deleteCol || row < 1) {
         return;
     }
     // Without a question, and gone from the list whatever became of it in the table.

@@ -12,7 +12,7 @@ FlexGrid::FlexGrid(QWidget* parent)
     : QTableView(parent),
       model_(new GridModel(this)),
       header_(new GridHeader(*model_, merging_, this)),
-      delegate_(new GridDelegate(*model_, this)) {
+      delegate_(new GridDelegate(*model_, merging_, this)) {
     setHorizontalHeader(header_);
     setModel(model_);
     setItemDelegate(delegate_);
@@ -26,8 +26,7 @@ FlexGrid::FlexGrid(QWidget* parent)
     setTabKeyNavigation(false);
     setHorizontalScrollMode(ScrollPerPixel);
     setVerticalScrollMode(ScrollPerPixel);
-    connect(header_, &QHeaderView::sectionClicked, this, &FlexGrid::headerClicked);
-    connect(header_, &QHeaderView::sectionDoubleClicked, this, &FlexGrid::headerDoubleClicked);
+    connect(header_, &QHeaderView::sectionClicked, this, [this](int col) { click(0, col); });
     connect(header_, &QHeaderView::sectionResized, this, &FlexGrid::columnResized);
     applyFont();
 }

@@ -39,7 +39,8 @@ class FlexGrid : public QTableView {
     /// Header rows, at least 1; all of them stay in view. Changing the number empties the grid.
     int FixedRows() const { return model_->fixedRows(); }
     void setFixedRows(int count);
-    /// Columns at the left that stay in view when the grid scrolls.
+    /// Columns at the left that stay in view when the grid scrolls. They give up what they want of width beyond three
+    /// quarters of the view, so that there is always room for the others to scroll beside them.
     void setFrozenCols(int count);
 
     /// Sets the titles of row 0, separated by "|", and each column's width by its title, blanks included. A grid of
@@ -101,12 +102,16 @@ class FlexGrid : public QTableView {
     void setMergeRow(int row, bool merge);
     void setMergeCol(int col, bool merge);
 
-    /// The current row: -1 when there is none, 0 after a click on the header. Filling a grid makes no row current.
+    /// The current row, -1 when there is none. Filling a grid makes no row current, nor does a click on a title or the
+    /// focus. Whatever the user presses, the current row is a selected one.
     int Row() const;
     int Col() const;
+    /// The cell of the last Click or DblClick, row 0 for a title; -1 before the first.
+    int ClickedRow() const { return clickedRow_; }
+    int ClickedCol() const { return clickedCol_; }
     /// Makes (row, col) current, brings it into view and selects up to (rowSel, colSel), by default the cell alone.
     /// Where whole rows are selected, that means the rows. A row under a folded node is opened up to. A header row
-    /// becomes current with nothing selected.
+    /// leaves nothing current and nothing selected.
     void Select(int row, int col, int rowSel = -1, int colSel = -1);
     /// The numbers of the selected rows, upwards.
     std::vector<int> SelectedRows() const;
@@ -114,7 +119,8 @@ class FlexGrid : public QTableView {
     /// Brings a cell into view, the current one stays. Nothing happens for one of the header or under a folded node.
     void ShowCell(int row, int col);
 
-    /// The cell's place in viewport() coordinates, empty when it is hidden or folded away. A merged cell is one place.
+    /// The cell's place in viewport() coordinates, empty when it is hidden or folded away. A cell that is drawn as part
+    /// of a merged one has a place of its own in it.
     QRect CellRect(int row, int col);
 
     QModelIndex indexAt(const QPoint& place) const override;
@@ -122,11 +128,15 @@ class FlexGrid : public QTableView {
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
  Q_SIGNALS:
-    /// A cell or a title was clicked, or Space was pressed on the current row. Row() and Col() tell which. A click on
-    /// an expander or beside the rows is none.
+    /// A row or a title was clicked, or Space was pressed on the current row. ClickedRow() and ClickedCol() tell which.
+    /// A click on a row makes it current, one on a title leaves the current row as it is. A click on an expander or
+    /// beside the rows is none.
     void Click();
-    /// As Click, for the second press of a double click.
+    /// The second press of a double click on a row. Titles have none.
     void DblClick();
+    /// The user made another row current otherwise than by a click: by keys, by drawing the mouse over several rows, or
+    /// by folding the row away.
+    void RowChange();
 
  protected:
     void changeEvent(QEvent* event) override;
@@ -140,6 +150,8 @@ class FlexGrid : public QTableView {
     void showEvent(QShowEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event = nullptr) const override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
@@ -149,7 +161,6 @@ class FlexGrid : public QTableView {
     void settle();
     void announceRows();
     void keepCursor(int row, int col, const std::vector<int>& selected);
-    void joinCells();
     void fitRowHeights();
     int heightOf(int modelRow, const QStyleOptionViewItem& option) const;
     int columnToStretch() const;
@@ -172,8 +183,10 @@ class FlexGrid : public QTableView {
     int firstVisibleCol() const;
     bool pressExpander(const QMouseEvent& event);
     bool foldByKey(int key);
-    void headerClicked(int col);
-    void headerDoubleClicked(int col);
+    void click(int row, int col);
+    void tellRowChange(int before);
+    void keepCurrentSelected();
+    QItemSelectionModel::SelectionFlags selectAnew() const;
 
     GridModel* model_;
     GridMerging merging_;
@@ -187,12 +200,13 @@ class FlexGrid : public QTableView {
     int outlineCol_ = 0;
     int frozenCols_ = 0;
     int stretchCol_ = -1;
-    int headerCol_ = -1;
+    int clickedRow_ = -1;
+    int clickedCol_ = -1;
+    int rowBeforePress_ = -1;
     QPersistentModelIndex pressed_;
     bool fitToTexts_ = false;
     bool pending_ = false;
     bool sizing_ = false;
-    bool merged_ = false;
     bool heightsStale_ = false;
     bool expanderPressed_ = false;
     bool secondPress_ = false;

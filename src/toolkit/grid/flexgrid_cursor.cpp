@@ -1,21 +1,19 @@
 #include "toolkit/grid/flexgrid.h"
 
+#include <QEvent>
 #include <QScrollBar>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace talvora {
 
 int FlexGrid::Row() const {
-    const QModelIndex current = currentIndex();
-    if (headerCol_ >= 0) {
-        return 0;
-    }
-    return current.isValid() ? model_->gridRow(current.row()) : -1;
+    return currentIndex().isValid() ? model_->gridRow(currentIndex().row()) : -1;
 }
 
 int FlexGrid::Col() const {
-    return headerCol_ >= 0 ? headerCol_ : currentIndex().column();
+    return currentIndex().column();
 }
 
 int FlexGrid::firstVisibleCol() const {
@@ -40,7 +38,6 @@ void FlexGrid::Select(int row, int col, int rowSel, int colSel) {
     static_cast<void>(model_->column(col2));
     if (row < FixedRows()) {
         selectionModel()->clear();
-        headerCol_ = col;
         return;
     }
     model_->reveal(row);
@@ -49,15 +46,10 @@ void FlexGrid::Select(int row, int col, int rowSel, int colSel) {
     settle();
     const QModelIndex one = indexOf(row, col);
     const QModelIndex other = indexOf(std::max(row2, FixedRows()), col2);
-    QItemSelectionModel::SelectionFlags how = QItemSelectionModel::ClearAndSelect;
-    if (selectionBehavior() == SelectRows) {
-        how |= QItemSelectionModel::Rows;
-    }
     const QItemSelection block(model_->index(std::min(one.row(), other.row()), std::min(col, col2)),
                                model_->index(std::max(one.row(), other.row()), std::max(col, col2)));
     selectionModel()->setCurrentIndex(one, QItemSelectionModel::NoUpdate);
-    selectionModel()->select(block, how);
-    headerCol_ = -1;
+    selectionModel()->select(block, selectAnew());
     scrollTo(currentIndex());
 }
 
@@ -89,9 +81,6 @@ void FlexGrid::ShowCell(int row, int col) {
 }
 
 void FlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    if (current.isValid()) {
-        headerCol_ = -1;
-    }
     QTableView::currentChanged(current, previous);
     viewport()->update();
 }
@@ -100,6 +89,43 @@ void FlexGrid::selectionChanged(const QItemSelection& selected, const QItemSelec
     QTableView::selectionChanged(selected, deselected);
     // The strip beyond the last column and the columns that stay in view are drawn by the grid itself.
     viewport()->update();
+}
+
+QItemSelectionModel::SelectionFlags FlexGrid::selectAnew() const {
+    const bool rows = selectionBehavior() == SelectRows;
+    return QItemSelectionModel::ClearAndSelect | (rows ? QItemSelectionModel::Rows : QItemSelectionModel::NoUpdate);
+}
+
+/// A press beside the rows leaves the selection as it is, and no key moves the current row out of it.
+QItemSelectionModel::SelectionFlags FlexGrid::selectionCommand(const QModelIndex& index, const QEvent* event) const {
+    if (!index.isValid()) {
+        return QItemSelectionModel::NoUpdate;
+    }
+    const QItemSelectionModel::SelectionFlags command = QTableView::selectionCommand(index, event);
+    const bool byKey = event && event->type() == QEvent::KeyPress;
+    return byKey && command == QItemSelectionModel::NoUpdate ? selectAnew() : command;
+}
+
+/// When the user has taken the current row out of the selection, the selected row next to it becomes current. The last
+/// one can't be taken out.
+void FlexGrid::keepCurrentSelected() {
+    const QModelIndex current = currentIndex();
+    const QItemSelection selection = selectionModel()->selection();
+    if (selectionModel()->isSelected(current) || (selection.isEmpty() && !current.isValid())) {
+        return;
+    }
+    if (selection.isEmpty()) {
+        selectionModel()->select(current, selectAnew());
+        return;
+    }
+    const auto rowNextTo = [&](const QItemSelectionRange& range) {
+        return std::clamp(current.row(), range.top(), range.bottom());
+    };
+    const auto nearest = std::min_element(selection.begin(), selection.end(), [&](const auto& one, const auto& other) {
+        return std::abs(rowNextTo(one) - current.row()) < std::abs(rowNextTo(other) - current.row());
+    });
+    const int col = std::clamp(std::max(current.column(), firstVisibleCol()), nearest->left(), nearest->right());
+    selectionModel()->setCurrentIndex(model_->index(rowNextTo(*nearest), col), QItemSelectionModel::NoUpdate);
 }
 
 QModelIndex FlexGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {

@@ -30,7 +30,8 @@ Qt::Alignment alignmentOf(const QModelIndex& index) {
 
 }  // namespace
 
-GridDelegate::GridDelegate(const GridModel& model, QObject* parent) : QStyledItemDelegate(parent), model_(model) {}
+GridDelegate::GridDelegate(const GridModel& model, const GridMerging& merging, QTableView* grid)
+    : QStyledItemDelegate(grid), model_(model), merging_(merging), grid_(*grid) {}
 
 bool GridDelegate::wraps(int col) const {
     return static_cast<std::size_t>(col) < wrapped.size() && wrapped[static_cast<std::size_t>(col)];
@@ -95,8 +96,11 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     painter->save();
     const QVariant back = index.data(Qt::BackgroundRole);
     const QColor ground = back.isValid() ? back.value<QColor>() : theme::Surface;
-    grid::fillCrisp(*painter, option.rect, option.state & QStyle::State_Selected ? grid::selected(ground) : ground);
-    grid::lineBelow(*painter, option.rect, theme::Line);
+    const GridRange merged = mergedCell(model_, merging_, index.row(), index.column());
+    grid::fillCrisp(*painter, option.rect, isSelected(merged) ? grid::selected(ground) : ground);
+    if (index.row() == merged.row2) {
+        grid::lineBelow(*painter, option.rect, theme::Line);
+    }
     if (columnLines) {
         grid::lineRightOf(*painter, option.rect, theme::Line);
     }
@@ -106,13 +110,31 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     if (index.data(Qt::CheckStateRole).isValid()) {
         paintCheck(painter, option, index);
     } else {
-        paintText(painter, option, index);
+        // Each row draws its own part of a text that stands over several.
+        QStyleOptionViewItem whole = option;
+        whole.rect = placeOf(merged, option.rect);
+        painter->setClipRect(option.rect, Qt::IntersectClip);
+        paintText(painter, whole, index);
     }
     if (option.state & QStyle::State_HasFocus) {
         painter->setPen(QPen(theme::Accent, 1));
         painter->drawRect(QRectF(option.rect).adjusted(0.5, 0.5, -1.5, -1.5));
     }
     painter->restore();
+}
+
+bool GridDelegate::isSelected(const GridRange& merged) const {
+    bool selected = false;
+    for (int row = merged.row; row <= merged.row2 && !selected; ++row) {
+        selected = grid_.selectionModel()->isSelected(grid_.model()->index(row, merged.col));
+    }
+    return selected;
+}
+
+QRect GridDelegate::placeOf(const GridRange& merged, const QRect& cell) const {
+    const int top = grid_.rowViewportPosition(merged.row);
+    const int bottom = grid_.rowViewportPosition(merged.row2) + grid_.rowHeight(merged.row2);
+    return merged.row == merged.row2 ? cell : QRect(cell.left(), top, cell.width(), bottom - top);
 }
 
 void GridDelegate::paintTree(QPainter* painter, const QRect& cell, const QModelIndex& index) const {

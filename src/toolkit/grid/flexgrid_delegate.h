@@ -1,8 +1,9 @@
 #pragma once
 
-#include "toolkit/grid/flexgrid_model.h"
+#include "toolkit/grid/flexgrid_merge.h"
 
 #include <QStyledItemDelegate>
+#include <QTableView>
 
 #include <vector>
 
@@ -13,7 +14,7 @@ class GridDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
  public:
-    GridDelegate(const GridModel& model, QObject* parent);
+    GridDelegate(const GridModel& model, const GridMerging& merging, QTableView* grid);
 
     // What the grid tells: the column that carries the tree or -1, columns of broken texts, and whether columns are
     // parted by lines.
@@ -40,11 +41,16 @@ class GridDelegate : public QStyledItemDelegate {
     Content contentOf(const QStyleOptionViewItem& option, const QModelIndex& index) const;
     bool carriesTree(const QModelIndex& index) const;
     int indentOf(const QModelIndex& index) const;
+    /// Whether a row of a merged cell is selected; it is marked as a whole then.
+    bool isSelected(const GridRange& merged) const;
+    QRect placeOf(const GridRange& merged, const QRect& cell) const;
     void paintTree(QPainter* painter, const QRect& cell, const QModelIndex& index) const;
     void paintCheck(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void paintText(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
 
     const GridModel& model_;
+    const GridMerging& merging_;
+    const QTableView& grid_;
 };
 
 }  // namespace talvora

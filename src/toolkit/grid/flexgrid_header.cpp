@@ -97,14 +97,23 @@ QSize GridHeader::sectionSizeFromContents(int col) const {
     return {metrics.horizontalAdvance(title) + 2 * grid::PaddingX, grid::rowHeight(metrics) * model_.fixedRows()};
 }
 
-void GridHeader::mousePressEvent(QMouseEvent* event) {
-    const int x = qRound(event->position().x());
-    if (offset() > 0 && x < stayingWidth_) {
-        // The press would go to the title underneath. Without the offset the place counts from the first column.
-        Q_EMIT sectionClicked(logicalIndexAt(x - offset()));
-        return;
+// The header view knows only the titles that have scrolled away under those that stay. Over the latter the mouse is
+// told where it would be without the scrolling, and so on until a button that was pressed there is let go.
+bool GridHeader::viewportEvent(QEvent* event) {
+    const auto type = event->type();
+    const bool starts = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+    if (!starts && type != QEvent::MouseMove && type != QEvent::MouseButtonRelease) {
+        return QHeaderView::viewportEvent(event);
     }
-    QHeaderView::mousePressEvent(event);
+    const auto& mouse = static_cast<const QMouseEvent&>(*event);
+    if (starts || (type == QEvent::MouseMove && mouse.buttons() == Qt::NoButton)) {
+        overStaying_ = mouse.position().x() < stayingWidth_;
+    }
+    const QPointF place = mouse.position() - QPointF(overStaying_ ? offset() : 0, 0);
+    QMouseEvent told(type, place, mouse.globalPosition(), mouse.button(), mouse.buttons(), mouse.modifiers());
+    const bool handled = QHeaderView::viewportEvent(&told);
+    event->setAccepted(told.isAccepted());
+    return handled;
 }
 
 }  // namespace talvora

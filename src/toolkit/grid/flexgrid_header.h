@@ -21,7 +21,7 @@ class GridHeader : public QHeaderView {
     void paintEvent(QPaintEvent* event) override;
     void paintSection(QPainter* painter, const QRect& rect, int col) const override;
     QSize sectionSizeFromContents(int col) const override;
-    void mousePressEvent(QMouseEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
  private:
     void paintTitle(QPainter* painter, const QRect& section, const GridRange& cell) const;
@@ -31,6 +31,7 @@ class GridHeader : public QHeaderView {
     const GridMerging& merging_;
     int stayingColumns_ = 0;
     int stayingWidth_ = 0;
+    bool overStaying_ = false;
 };
 
 }  // namespace talvora

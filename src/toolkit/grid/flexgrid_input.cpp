@@ -5,48 +5,43 @@
 
 namespace talvora {
 
+// The focus alone chooses no record: the first arrow key or Space does. The grid's frame shows where the keys go.
 void FlexGrid::focusInEvent(QFocusEvent* event) {
     settle();
-    const bool byKeyboard = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
-                            event->reason() == Qt::ShortcutFocusReason;
-    if (byKeyboard && Row() < 0 && model_->rowCount() > 0) {
-        Select(model_->gridRow(0), firstVisibleCol());
-    }
     if (currentIndex().isValid()) {
         QTableView::focusInEvent(event);
         return;
     }
-    // The table view would make a row current without showing it as selected.
+    // The table view would make a row current.
     QAbstractScrollArea::focusInEvent(event);
     viewport()->update();
 }
 
 void FlexGrid::keyPressEvent(QKeyEvent* event) {
     settle();
-    switch (event->key()) {
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            // Moving on is the window's.
-            event->ignore();
-            return;
-        case Qt::Key_Space:
-            if (event->modifiers() == Qt::NoModifier) {
-                if (currentIndex().isValid()) {
-                    Q_EMIT Click();
-                }
-                return;
-            }
-            break;
-        default:
-            if (foldByKey(event->key())) {
-                return;
-            }
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        // Moving on is the window's.
+        event->ignore();
+        return;
     }
-    QTableView::keyPressEvent(event);
+    const int before = Row();
+    const bool space = event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier;
+    if (space && before >= 0) {
+        click(before, Col());
+        return;
+    }
+    if (space && model_->rowCount() > 0) {
+        Select(model_->gridRow(0), firstVisibleCol());
+    } else if (!foldByKey(event->key())) {
+        QTableView::keyPressEvent(event);
+        keepCurrentSelected();
+    }
+    tellRowChange(before);
 }
 
 void FlexGrid::mousePressEvent(QMouseEvent* event) {
     settle();
+    rowBeforePress_ = Row();
     secondPress_ = false;
     expanderPressed_ = pressExpander(*event);
     if (expanderPressed_) {
@@ -54,44 +49,60 @@ void FlexGrid::mousePressEvent(QMouseEvent* event) {
     }
     pressed_ = indexAt(event->position().toPoint());
     QTableView::mousePressEvent(event);
+    keepCurrentSelected();
 }
 
 void FlexGrid::mouseReleaseEvent(QMouseEvent* event) {
     if (expanderPressed_) {
         expanderPressed_ = false;
+        tellRowChange(rowBeforePress_);
         return;
     }
     QTableView::mouseReleaseEvent(event);
+    keepCurrentSelected();
     const QModelIndex released = indexAt(event->position().toPoint());
-    const bool onCell = released.isValid() && released == pressed_;
+    // A click may slip over the edge of a column.
+    const bool onOneRow = released.isValid() && pressed_.isValid() && released.row() == pressed_.row();
     pressed_ = QPersistentModelIndex();
-    if (event->button() == Qt::LeftButton && onCell && !secondPress_) {
-        Q_EMIT Click();
+    if (secondPress_) {
+        return;
+    }
+    if (event->button() == Qt::LeftButton && onOneRow) {
+        click(model_->gridRow(released.row()), released.column());
+    } else {
+        tellRowChange(rowBeforePress_);
     }
 }
 
 void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
     settle();
-    secondPress_ = true;
+    rowBeforePress_ = Row();
     expanderPressed_ = pressExpander(*event);
     if (expanderPressed_) {
         return;
     }
     QTableView::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid()) {
+    keepCurrentSelected();
+    secondPress_ = true;
+    const QModelIndex cell = indexAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && cell.isValid()) {
+        clickedRow_ = model_->gridRow(cell.row());
+        clickedCol_ = cell.column();
         Q_EMIT DblClick();
     }
 }
 
-void FlexGrid::headerClicked(int col) {
-    settle();
-    Select(0, col);
+void FlexGrid::click(int row, int col) {
+    clickedRow_ = row;
+    clickedCol_ = col;
     Q_EMIT Click();
 }
 
-void FlexGrid::headerDoubleClicked(int col) {
-    Select(0, col);
-    Q_EMIT DblClick();
+void FlexGrid::tellRowChange(int before) {
+    settle();
+    if (Row() != before) {
+        Q_EMIT RowChange();
+    }
 }
 
 }  // namespace talvora

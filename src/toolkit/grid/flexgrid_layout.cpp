@@ -99,7 +99,6 @@ void FlexGrid::settle() {
     pending_ = false;
     delegate_->outlineCol = outlineBar_ == GridOutlineBar::None ? -1 : outlineCol_;
     announceRows();
-    joinCells();
     if (fitToTexts_) {
         widenToTexts();
     }
@@ -140,17 +139,6 @@ void FlexGrid::keepCursor(int row, int col, const std::vector<int>& selected) {
     }
     selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
     selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
-}
-
-void FlexGrid::joinCells() {
-    if (merged_) {
-        clearSpans();
-        merged_ = false;
-    }
-    for (const GridRange& cell : mergedCells(*model_, merging_)) {
-        setSpan(cell.row, cell.col, cell.row2 - cell.row + 1, cell.col2 - cell.col + 1);
-        merged_ = true;
-    }
 }
 
 int FlexGrid::columnToStretch() const {
@@ -203,12 +191,19 @@ int FlexGrid::widthOfTexts(int col, int width) const {
 
 void FlexGrid::fitColumns() {
     const int stretched = columnToStretch();
+    const int staying = stayingColumns();
     int room = viewport()->width();
+    int stayingRoom = room * 3 / 4;
     sizing_ = true;
     for (int col = 0; col < Cols() && static_cast<std::size_t>(col) < widths_.size(); ++col) {
         if (col != stretched && !isColumnHidden(col)) {
-            setColumnWidth(col, widths_[static_cast<std::size_t>(col)]);
-            room -= columnWidth(col);
+            int width = widths_[static_cast<std::size_t>(col)];
+            if (col < staying) {
+                width = std::max(header_->minimumSectionSize(), std::min(width, stayingRoom));
+                stayingRoom -= width;
+            }
+            setColumnWidth(col, width);
+            room -= width;
         }
     }
     if (stretched >= 0 && static_cast<std::size_t>(stretched) < widths_.size()) {

@@ -4,77 +4,45 @@ namespace talvora {
 
 namespace {
 
-// The columns around `col` whose cells in `row` hold the same text.
-GridRange runAcross(const GridModel& model, int row, int col) {
-    GridRange run{row, col, row, col};
-    const QString text = model.text(row, col);
-    if (text.isEmpty()) {
-        return run;
+/// Takes the run from `from` to `to` as far as `isEqual` holds within `first` and `last`.
+template <class IsEqual>
+void grow(int& from, int& to, int first, int last, IsEqual isEqual) {
+    while (from > first && isEqual(from - 1)) {
+        --from;
     }
-    while (run.col > 0 && model.text(row, run.col - 1) == text) {
-        --run.col;
+    while (to < last && isEqual(to + 1)) {
+        ++to;
     }
-    while (run.col2 + 1 < model.cols() && model.text(row, run.col2 + 1) == text) {
-        ++run.col2;
-    }
-    return run;
 }
 
 }  // namespace
 
 GridRange mergedTitle(const GridModel& model, const GridMerging& merging, int row, int col) {
     GridRange cell{row, col, row, col};
-    if (merging.mode == GridMerge::Never) {
+    const QString text = model.text(row, col);
+    if (merging.mode == GridMerge::Never || text.isEmpty()) {
         return cell;
     }
     if (model.row(row).merges) {
-        cell = runAcross(model, row, col);
+        grow(cell.col, cell.col2, 0, model.cols() - 1, [&](int other) { return model.text(row, other) == text; });
     }
-    const QString text = model.text(row, col);
-    if (cell.col != cell.col2 || !merging.merges(col) || text.isEmpty()) {
-        return cell;
-    }
-    while (cell.row > 0 && model.text(cell.row - 1, col) == text) {
-        --cell.row;
-    }
-    while (cell.row2 + 1 < model.fixedRows() && model.text(cell.row2 + 1, col) == text) {
-        ++cell.row2;
+    if (cell.col == cell.col2 && merging.merges(col)) {
+        grow(cell.row, cell.row2, 0, model.fixedRows() - 1, [&](int other) { return model.text(other, col) == text; });
     }
     return cell;
 }
 
-std::vector<GridRange> mergedCells(const GridModel& model, const GridMerging& merging) {
-    std::vector<GridRange> found;
-    if (merging.mode == GridMerge::Never) {
-        return found;
+GridRange mergedCell(const GridModel& model, const GridMerging& merging, int modelRow, int col) {
+    GridRange cell{modelRow, col, modelRow, col};
+    if (merging.mode == GridMerge::Never || !merging.merges(col)) {
+        return cell;
     }
-    const int rows = model.rowCount();
-    // Rows at which a merging column before this one has begun a new cell.
-    std::vector<bool> breaks(static_cast<std::size_t>(rows));
-    for (int col = 0; col < model.cols(); ++col) {
-        if (!merging.merges(col)) {
-            continue;
-        }
-        int start = 0;
-        QString text = rows > 0 ? model.text(model.gridRow(0), col) : QString();
-        for (int row = 1; row <= rows; ++row) {
-            const QString next = row < rows ? model.text(model.gridRow(row), col) : QString();
-            const bool barred =
-                merging.mode == GridMerge::RestrictColumns && row < rows && breaks[static_cast<std::size_t>(row)];
-            if (row < rows && !barred && !next.isEmpty() && next == text) {
-                continue;
-            }
-            if (row - start > 1) {
-                found.push_back({start, col, row - 1, col});
-            }
-            if (row < rows) {
-                breaks[static_cast<std::size_t>(row)] = true;
-            }
-            start = row;
-            text = next;
-        }
+    const QString text = model.text(model.gridRow(modelRow), col);
+    if (!text.isEmpty()) {
+        grow(cell.row, cell.row2, 0, model.rowCount() - 1,
+             [&](int other) { return model.text(model.gridRow(other), col) == text; });
     }
-    return found;
+    return cell;
 }
 
 }  // namespace talvora

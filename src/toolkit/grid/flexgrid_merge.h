@@ -19,7 +19,8 @@ struct GridMerging {
 /// The cell that the header cell (row, col) is drawn as part of.
 GridRange mergedTitle(const GridModel& model, const GridMerging& merging, int row, int col);
 
-/// The merged cells below the header, in the model's row numbers, single cells left out.
-std::vector<GridRange> mergedCells(const GridModel& model, const GridMerging& merging);
+/// The same of a cell below the header, in the model's row numbers. Equal texts are one cell whatever stands in the
+/// columns before them.
+GridRange mergedCell(const GridModel& model, const GridMerging& merging, int modelRow, int col);
 
 }  // namespace talvora

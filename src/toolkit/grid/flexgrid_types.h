@@ -23,10 +23,9 @@ enum class GridDataType : qint8 { Text = 0, Boolean = 11 };
 /// Whether an outline is drawn: not at all, or as a tree with lines and leaves.
 enum class GridOutlineBar : qint8 { None = 0, CompleteLeaf = 4 };
 
-/// How equal neighbours become one cell: not at all, wherever they are equal, or down a column only where the columns
-/// before it that merge do so on the same rows. Only columns marked by setMergeCol and header rows marked by
-/// setMergeRow take part, and empty cells never merge.
-enum class GridMerge : qint8 { Never = 0, Free = 1, RestrictColumns = 3 };
+/// Whether equal neighbours are drawn as one cell: not at all, or wherever they are equal. Only columns marked by
+/// setMergeCol and header rows marked by setMergeRow take part, and empty cells never merge.
+enum class GridMerge : qint8 { Never = 0, Free = 1 };
 
 /// A block of cells, both ends included, in grid row and column numbers.
 struct GridRange {

@@ -30,14 +30,8 @@ void FlexGrid::resizeEvent(QResizeEvent* event) {
     placeStaying();
 }
 
-// The columns that stay in view. In a grid too narrow to scroll beside them, none do.
 int FlexGrid::stayingColumns() const {
-    const int wanted = std::min(frozenCols_, Cols() - 1);
-    if (wanted <= 0) {
-        return 0;
-    }
-    const int width = header_->sectionPosition(wanted - 1) + header_->sectionSize(wanted - 1);
-    return 4 * width <= 3 * viewport()->width() ? wanted : 0;
+    return std::max(0, std::min(frozenCols_, Cols() - 1));
 }
 
 void FlexGrid::placeStaying() {
@@ -110,7 +104,6 @@ void FlexGrid::paintStaying(QPainter& painter, const QModelIndex& first) const {
             }
             const QModelIndex cell = model_->index(row, col);
             option.rect = visualRect(cell);
-            option.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(cell));
             option.state.setFlag(QStyle::State_HasFocus, hasFocus() && cell == currentIndex());
             delegate_->paint(&painter, option, cell);
         }
