@@ -25,11 +25,10 @@ QString embeddedPath(const ConnectionFile& connection) {
 
 // An empty file that its owner alone can read: it is going to hold passwords. Its companions take its rights.
 void createOwnFile(const ConnectionFile& connection) {
-    constexpr int pathAccessError = 75;
     createEmbedded(ConnectionParts::parse(connectionString(connection)));
     if (!QFile::setPermissions(embeddedPath(connection), QFileDevice::ReadOwner | QFileDevice::WriteOwner)) {
-        throw RuntimeError(pathAccessError, u"数据库文件［%1］不能设为只有所有者可以读取！"_s.arg(
-                                                QDir::toNativeSeparators(embeddedPath(connection))));
+        throw RuntimeError(errors::PathAccess, u"数据库文件［%1］不能设为只有所有者可以读取！"_s.arg(
+                                                   QDir::toNativeSeparators(embeddedPath(connection))));
     }
 }
 
