@@ -82,6 +82,9 @@ TEST_P(SolutionTest, EachStatementFailsInTurn) {
     store();
     EXPECT_EQ(head(u"主管"_s).AddNew(lines({u"001 6 1.%"_s, u"001001 x 1.%"_s})), Status::Failed);
     EXPECT_EQ(counts(), u"1 1"_s);
+    EXPECT_EQ(head(u"正号"_s).AddNew(lines({u"001 +5 1.%"_s, u"001001 - 1.%"_s})), Status::Failed);
+    EXPECT_EQ(head(u"正号"_s).AddNew(lines({u"001 +5 1.%"_s})), Status::Done);
+    EXPECT_EQ(cDimensions().Find(keyOf(u"正号"_s)).Item(1)->Score, u"5"_s);
 
     // Statements: guard, begin, head, delete, two lines, commit. An unanswered guard writes nothing.
     failEachStatement(
