@@ -46,12 +46,12 @@ QString connectionFilePath() {
 
 ConnectionFile savedConnection() {
     if (!QFileInfo::exists(connectionFilePath())) {
-        throw RuntimeError(errors::FileNotFound, u"尚未配置数据库连接，请先进行［连接］！"_s);
+        throw RuntimeError(errors::FileNotFound, u"尚未配置数据库连接，请先进行［连接到SQL SERVER］！"_s);
     }
     try {
         return readConnectionFile(connectionFilePath());
     } catch (const RuntimeError& error) {
-        throw RuntimeError(error.number(), u"连接文件［%1］已损坏或不能读取，请重新进行［连接］！"_s.arg(
+        throw RuntimeError(error.number(), u"连接文件［%1］已损坏或不能读取，请重新进行［连接到SQL SERVER］！"_s.arg(
                                                QDir::toNativeSeparators(connectionFilePath())));
     }
 }
