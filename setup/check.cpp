@@ -1,5 +1,6 @@
 #include "setup/check.h"
 
+#include "core/data_routines.h"
 #include "platform/runtime_error.h"
 #include "setup/install.h"
 #include "setup/tables.h"
@@ -18,13 +19,13 @@ class Checker {
 
     std::vector<CheckItem> items() {
         if (tables()) {
-            guarded(u"模块目录"_s, [this] { modules(); });
-            guarded(u"功能目录"_s, [this] { functions(); });
-            guarded(u"选项"_s, [this] { options(); });
-            guarded(u"系统角色"_s, [this] { systemRole(); });
-            guarded(u"系统用户"_s, [this] { systemUser(); });
-            guarded(u"排序规则（大小写）"_s, [this] { letterCase(); });
-            guarded(u"排序规则（全角半角）"_s, [this] { width(); });
+            attempt(u"模块目录"_s, [this] { modules(); });
+            attempt(u"功能目录"_s, [this] { functions(); });
+            attempt(u"选项"_s, [this] { options(); });
+            attempt(u"系统角色"_s, [this] { systemRole(); });
+            attempt(u"系统用户"_s, [this] { systemUser(); });
+            attempt(u"排序规则（大小写）"_s, [this] { letterCase(); });
+            attempt(u"排序规则（全角半角）"_s, [this] { width(); });
         }
         return std::move(items_);
     }
@@ -33,7 +34,7 @@ class Checker {
     void add(bool isGood, const QString& text) { items_.push_back({isGood, text}); }
 
     template <class Step>
-    void guarded(const QString& subject, Step&& step) {
+    void attempt(const QString& subject, Step&& step) {
         try {
             step();
         } catch (const RuntimeError& error) {
@@ -43,7 +44,7 @@ class Checker {
 
     bool tables() {
         for (const auto& table : schemaTables()) {
-            guarded(u"表 "_s + table.table, [&] { columns(table); });
+            attempt(u"表 "_s + table.table, [&] { columns(table); });
         }
         return isComplete(items_);
     }

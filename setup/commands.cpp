@@ -130,7 +130,7 @@ ExitCode helpVerb(const Arguments&) {
         "用法：\n"
         "  talvora-setup                      打开安装窗口\n"
         "  talvora-setup connect --server 服务器 --database 数据库 --login 登录名\n"
-        "                                     保存并测试 SQL Server 连接；密码从标准输入读取一行\n"
+        "                                     连接到SQL SERVER：保存并测试连接；密码从标准输入读取一行\n"
         "  talvora-setup connect --embedded 文件\n"
         "                                     改用本机的内置数据库文件，相对路径从程序文件夹算起\n"
         "  talvora-setup install              在空数据库中建表并写入基础数据；\n"

@@ -25,11 +25,10 @@ QString embeddedPath(const ConnectionFile& connection) {
 
 // An empty file that its owner alone can read: it is going to hold passwords. Its companions take its rights.
 void createOwnFile(const ConnectionFile& connection) {
-    constexpr int pathAccessError = 75;
     createEmbedded(ConnectionParts::parse(connectionString(connection)));
     if (!QFile::setPermissions(embeddedPath(connection), QFileDevice::ReadOwner | QFileDevice::WriteOwner)) {
-        throw RuntimeError(pathAccessError, u"数据库文件［%1］不能设为只有所有者可以读取！"_s.arg(
-                                                QDir::toNativeSeparators(embeddedPath(connection))));
+        throw RuntimeError(errors::PathAccess, u"数据库文件［%1］不能设为只有所有者可以读取！"_s.arg(
+                                                   QDir::toNativeSeparators(embeddedPath(connection))));
     }
 }
 
@@ -47,12 +46,12 @@ QString connectionFilePath() {
 
 ConnectionFile savedConnection() {
     if (!QFileInfo::exists(connectionFilePath())) {
-        throw RuntimeError(errors::FileNotFound, u"尚未配置数据库连接，请先进行［连接］！"_s);
+        throw RuntimeError(errors::FileNotFound, u"尚未配置数据库连接，请先进行［连接到SQL SERVER］！"_s);
     }
     try {
         return readConnectionFile(connectionFilePath());
     } catch (const RuntimeError& error) {
-        throw RuntimeError(error.number(), u"连接文件［%1］已损坏或不能读取，请重新进行［连接］！"_s.arg(
+        throw RuntimeError(error.number(), u"连接文件［%1］已损坏或不能读取，请重新进行［连接到SQL SERVER］！"_s.arg(
                                                QDir::toNativeSeparators(connectionFilePath())));
     }
 }

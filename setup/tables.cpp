@@ -1,6 +1,8 @@
 #include "setup/tables.h"
 
+#include "core/data_routines.h"
 #include "platform/database/connection_string.h"
+#include "platform/database/server_errors.h"
 #include "platform/runtime_error.h"
 #include "setup/install.h"
 
@@ -11,9 +13,6 @@ namespace talvora {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int missingTable = 208;
-constexpr int missingColumn = 207;
 
 // Whether the statement runs, as far as the error `absence` is concerned.
 bool runs(Connection& connection, const QString& statement, int absence) {
@@ -49,17 +48,17 @@ std::vector<TableColumns> schemaTables() {
 }
 
 bool hasTable(Connection& connection, const QString& table) {
-    return runs(connection, u"select top 1 * from "_s + table, missingTable);
+    return runs(connection, u"select top 1 * from "_s + table, server_error::InvalidObject);
 }
 
 QStringList missingColumns(Connection& connection, const TableColumns& table) {
     const auto read = u"select top 1 %1 from "_s + table.table;
-    if (runs(connection, read.arg(table.columns.join(u',')), missingColumn)) {
+    if (runs(connection, read.arg(table.columns.join(u',')), server_error::InvalidColumn)) {
         return {};
     }
     QStringList missing;
     for (const auto& column : table.columns) {
-        if (!runs(connection, read.arg(column), missingColumn)) {
+        if (!runs(connection, read.arg(column), server_error::InvalidColumn)) {
             missing.append(column);
         }
     }
@@ -81,11 +80,6 @@ bool isEmptyDatabase(Connection& connection) {
         return presentTables(connection).isEmpty();
     }
     return countOf(connection, u"select count(*) from information_schema.tables where table_type='BASE TABLE'"_s) == 0;
-}
-
-qint32 countOf(Connection& connection, const QString& statement) {
-    const auto rows = connection.Execute(statement);
-    return rows.RecordCount() == 0 || rows.first().isNull(0) ? 0 : rows.first().number32(0);
 }
 
 }  // namespace talvora

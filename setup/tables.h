@@ -28,7 +28,4 @@ QStringList presentTables(Connection& connection);
 /// Whether the database holds no table at all, ours or another's.
 bool isEmptyDatabase(Connection& connection);
 
-/// The number in the first cell that a statement gives, 0 for NULL or no row.
-qint32 countOf(Connection& connection, const QString& statement);
-
 }  // namespace talvora

@@ -1,5 +1,6 @@
 #include "setup/sample/sample.h"
 
+#include "core/data_routines.h"
 #include "core/mdlpublic.h"
 #include "core/resume_next.h"
 #include "platform/runtime_error.h"
@@ -22,7 +23,7 @@ const auto ownUsers = u"Users where UserName<>'admin'"_s;
 void requireEmptyBank() {
     for (const auto& rows : {u"TestingType"_s, u"Examination"_s, u"Position"_s, u"TestingSolution"_s,
                              u"TestingResult"_s, ownRoles, ownUsers}) {
-        if (countOf(cnnPublic, u"select count(*) from "_s + rows) > 0) {
+        if (countOf(u"select count(*) from "_s + rows) > 0) {
             throw RuntimeError(errors::FileAlreadyExists,
                                u"数据库中已有测评数据、职位、角色或用户，不能再装入示例题库！"_s);
         }

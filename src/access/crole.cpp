@@ -2,6 +2,7 @@
 
 #include "core/data_routines.h"
 #include "core/mdlpublic.h"
+#include "core/status_of.h"
 #include "core/transaction.h"
 #include "platform/numbers.h"
 
@@ -51,7 +52,7 @@ Status cRole::Update(qint16 RoleID, const QString& RoleName, const QString& Role
 }
 
 Status cRole::Delete(qint16 RoleID) {
-    const Status guard = guarded(Status::InUse, [&] { return IsExistID(u"UserRole"_s, u"RoleID"_s, RoleID); });
+    const Status guard = statusOfGuard(Status::InUse, [&] { return IsExistID(u"UserRole"_s, u"RoleID"_s, RoleID); });
     if (guard != Status::Done) {
         return guard;
     }

@@ -46,7 +46,7 @@ Status cUser::Update(qint16 UserID, const QString& UserName, const QString& User
                      bool Locked, const cRoles& roles) {
     const QString id = QString::number(UserID);
     const Status guard =
-        guarded(Status::Taken, [&] { return IsExistName(u"Users"_s, u"UserName"_s, UserName, u"UserID"_s, id); });
+        statusOfGuard(Status::Taken, [&] { return IsExistName(u"Users"_s, u"UserName"_s, UserName, u"UserID"_s, id); });
     if (guard != Status::Done) {
         return guard;
     }

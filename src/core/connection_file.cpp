@@ -18,7 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int pathAccessError = 75;
 constexpr qsizetype counterLimit = std::numeric_limits<qint16>::max();
 constexpr char16_t byteRange = 0x100;
 constexpr int shiftPeriod = 10;
@@ -175,14 +174,14 @@ QString UnscrambleText(const QString& Text) {
 ConnectionFile readConnectionFile(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        throw RuntimeError(pathAccessError, file.errorString());
+        throw RuntimeError(errors::PathAccess, file.errorString());
     }
     if (file.size() > 2 * counterLimit) {
         throw RuntimeError(errors::Overflow);
     }
     const QByteArray bytes = file.readAll();
     if (file.error() != QFile::NoError) {
-        throw RuntimeError(pathAccessError, file.errorString());
+        throw RuntimeError(errors::PathAccess, file.errorString());
     }
     const QStringList pieces = piecesOf(bytes);
     if (pieces.size() < 5) {
@@ -199,7 +198,7 @@ void writeConnectionFile(const QString& path, const ConnectionFile& content) {
                          file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) &&
                          file.write(bytes) == bytes.size() && file.commit();
     if (!written) {
-        throw RuntimeError(pathAccessError, u"连接文件不能写入："_s + file.errorString());
+        throw RuntimeError(errors::PathAccess, u"连接文件不能写入："_s + file.errorString());
     }
 }
 

@@ -8,7 +8,11 @@ namespace talvora {
 using namespace Qt::StringLiterals;
 
 qint32 countOf(const QString& statement) {
-    return cnnPublic.Execute(statement).first().number32(0);
+    return countOf(cnnPublic, statement);
+}
+
+qint32 countOf(Connection& connection, const QString& statement) {
+    return connection.Execute(statement).first().number32(0);
 }
 
 qint32 GetNewID(const QString& TableName, const QString& FieldName) {

@@ -6,8 +6,12 @@
 // RuntimeError goes to the caller. Nothing here escapes text; the windows refuse the character ' beforehand.
 namespace talvora {
 
+class Connection;
+
 /// The number in the first column of the first row: for a statement that counts.
 qint32 countOf(const QString& statement);
+/// The same on another session than cnnPublic.
+qint32 countOf(Connection& connection, const QString& statement);
 
 /// The greatest value of the column plus 1, 1 for an empty table. Nothing is reserved by it.
 qint32 GetNewID(const QString& TableName, const QString& FieldName);

@@ -5,13 +5,6 @@
 
 namespace talvora {
 
-Status executed(const QString& statement) {
-    return statusOf([&] {
-        cnnPublic.Execute(statement);
-        return Status::Done;
-    });
-}
-
 Status executePassingErrors(const QStringList& statements) {
     ResumeNext steps;
     steps([] { cnnPublic.BeginTrans(); });

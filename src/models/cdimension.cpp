@@ -1,6 +1,6 @@
 #include "models/cdimension.h"
 
-#include "core/transaction.h"
+#include "core/status_of.h"
 
 namespace talvora {
 

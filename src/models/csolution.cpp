@@ -3,6 +3,7 @@
 #include "core/data_routines.h"
 #include "core/mdlpublic.h"
 #include "core/resume_next.h"
+#include "core/status_of.h"
 #include "core/transaction.h"
 #include "platform/numbers.h"
 #include "platform/optional_format.h"
@@ -85,7 +86,7 @@ Status cSolution::AddNew(const cDimensions& lines) const {
 
 Status cSolution::Update(const cDimensions& lines) const {
     const QString id = QString::number(SolutionID);
-    const Status guard = guarded(Status::Taken, [&] {
+    const Status guard = statusOfGuard(Status::Taken, [&] {
         return IsExistName(u"TestingSolution"_s, u"SolutionName"_s, SolutionName, u"SolutionID"_s, id);
     });
     if (guard != Status::Done) {

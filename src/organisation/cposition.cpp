@@ -66,15 +66,12 @@ Status cPosition::Update(const QString& PostCode, const QString& PostName, qint1
 }
 
 Status cPosition::Delete(const QString& PostCode) {
-    return statusOf([&] {
-        const QString length = QString::number(PostCode.size());
-        if (anyRow(u"select * from Position where left(PostCode,"_s + length + u")='"_s + PostCode +
-                   u"' and len(PostCode)>"_s + length)) {
-            return Status::InUse;
-        }
-        cnnPublic.Execute(u"Delete from Position where PostCode='"_s + PostCode + u'\'');
-        return Status::Done;
-    });
+    const QString length = QString::number(PostCode.size());
+    if (anyRow(u"select * from Position where left(PostCode,"_s + length + u")='"_s + PostCode +
+               u"' and len(PostCode)>"_s + length)) {
+        return Status::InUse;
+    }
+    return executed(u"Delete from Position where PostCode='"_s + PostCode + u'\'');
 }
 
 QString cPosition::GetParent(const QString& PostCode) {

@@ -44,7 +44,7 @@ struct cPosition {
     /// of these tests fails.
     static Status Update(const QString& PostCode, const QString& PostName, qint16 Peoples);
 
-    /// InUse when positions stand under it. Failed with nothing deleted when that test fails.
+    /// InUse when positions stand under it; an error of that test goes to the caller, with nothing deleted.
     static Status Delete(const QString& PostCode);
 
     /// The name of the position above, empty for a top one and for an empty code.

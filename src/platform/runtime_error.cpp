@@ -16,10 +16,14 @@ QString wordsOf(int number) {
             return u"下标越界"_s;
         case errors::TypeMismatch:
             return u"类型不匹配"_s;
+        case errors::PathAccess:
+            return u"路径/文件访问错误"_s;
         case errors::InvalidUseOfNull:
             return u"无效使用 Null"_s;
         case errors::InvalidPropertyValue:
             return u"无效属性值"_s;
+        case errors::AlreadyDisplayed:
+            return u"窗体已经显示；不能按模态方式显示"_s;
         case errors::DuplicateKey:
             return u"该键已经与该集合中的一个元素相关联"_s;
         case errors::NoCurrentRow:

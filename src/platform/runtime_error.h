@@ -14,8 +14,10 @@ inline constexpr int SubscriptOutOfRange = 9;
 inline constexpr int TypeMismatch = 13;
 inline constexpr int FileNotFound = 53;
 inline constexpr int FileAlreadyExists = 58;
+inline constexpr int PathAccess = 75;
 inline constexpr int InvalidUseOfNull = 94;
 inline constexpr int InvalidPropertyValue = 380;
+inline constexpr int AlreadyDisplayed = 400;
 inline constexpr int DuplicateKey = 457;
 inline constexpr int NoCurrentRow = 3021;
 inline constexpr int NoSuchField = 3265;
@@ -38,9 +40,9 @@ class RuntimeError : public std::exception {
     QByteArray what_;
 };
 
-/// A statement or a connection attempt that the database refused. `number` is the server's own (208 for a missing
-/// table, 2714 for one that exists, 8152 for text over its column's length, 245 for a bad conversion) and the
-/// description its words; `sqlState` tells the kind in the terms of ODBC ("08S01" a lost link, "HYT00" a time-out).
+/// A statement or a connection attempt that the database refused. `number` is the server's own
+/// (database/server_errors.h lists them) and the description its words; `sqlState` tells the kind in the terms of ODBC
+/// ("08S01" a lost link, "HYT00" a time-out).
 class DatabaseError : public RuntimeError {
  public:
     DatabaseError(int number, const QString& description, const QString& sqlState);

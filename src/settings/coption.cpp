@@ -1,6 +1,6 @@
 #include "settings/coption.h"
 
-#include "core/transaction.h"
+#include "core/status_of.h"
 
 namespace talvora {
 

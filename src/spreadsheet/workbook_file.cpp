@@ -21,11 +21,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int CannotWrite = 75;
 constexpr lxw_color_t Grey = 0xC0C0C0;
 
 [[noreturn]] void fail(const QString& path, const QString& reason) {
-    throw RuntimeError(CannotWrite, u"不能保存文件“%1”：%2"_s.arg(QDir::toNativeSeparators(path), reason));
+    throw RuntimeError(errors::PathAccess, u"不能保存文件“%1”：%2"_s.arg(QDir::toNativeSeparators(path), reason));
 }
 
 /// The formats of a file, each made once.

@@ -10,6 +10,9 @@
 
 #include <QStringList>
 
+#include <algorithm>
+#include <vector>
+
 namespace talvora {
 
 using namespace Qt::StringLiterals;
@@ -115,8 +118,17 @@ Status cExamination::Delete(qint16 ExaminationID) {
 }
 
 cQuestions cExamination::GetQuestions(qint16 ExaminationID) {
+    cQuestions found;
+    found.load(u"Select * from ExaminationQuestion where ExaminationID="_s + QString::number(ExaminationID));
+    // The statement asks for no order, and a server gives the rows as the index lies by which it found them. A paper's
+    // questions stand as they were stored, which their growing keys tell.
+    std::vector<cQuestions::Pointer> stored(found.begin(), found.end());
+    std::sort(stored.begin(), stored.end(),
+              [](const auto& left, const auto& right) { return left->QuestionID < right->QuestionID; });
     cQuestions questions;
-    questions.load(u"Select * from ExaminationQuestion where ExaminationID="_s + QString::number(ExaminationID));
+    for (const auto& question : stored) {
+        questions.Add(question);
+    }
     return questions;
 }
 

@@ -50,6 +50,7 @@ struct cExamination {
 
     static talvora::Status Delete(qint16 ExaminationID);
 
+    /// The questions of a paper in the order in which they were stored.
     static cQuestions GetQuestions(qint16 ExaminationID);
     /// RuntimeError 3021 when the subtype has no paper of that number; the same for GetExamAnswersByNum.
     static qint16 GetExamIDByNum(const QString& TypeCode, const QString& ExaminationNum);

@@ -39,6 +39,27 @@ select * from t where n in (select n,name from t) -> error 116
     EXPECT_EQ(bank.run(u"select * from t"_s), u"abc|null|null|null|null"_s);
 }
 
+TEST(Embedded, RefusesInTheWordsOfAChineseServer) {
+    test::EmbeddedBank bank;
+    const std::pair<QString, QString> refusals[] = {
+        {u"select * from nothing"_s, u"对象名 'nothing' 无效。"_s},
+        {u"select 1 where and"_s, u"关键字 'and' 附近有语法错误。"_s},
+        {u"select ("_s, u"语句末尾附近有语法错误。"_s},
+        // What a statement holds is not taken for a place to fill.
+        {u"select cast('%2' as int)"_s, u"在将 nvarchar 值 '%2' 转换成数据类型 int 时失败。"_s},
+        {u"insert into Options (VarName) values (null)"_s,
+         u"不能将值 NULL 插入列 'VarName'，表 'Options'；列不允许有 Null 值。"_s},
+        {u"select 'a'*'b'"_s, u"操作数数据类型 nvarchar 对于 multiply 运算符无效。"_s}};
+    for (const auto& [statement, words] : refusals) {
+        try {
+            bank.session.Execute(statement);
+            ADD_FAILURE() << qPrintable(statement);
+        } catch (const DatabaseError& error) {
+            EXPECT_EQ(error.description(), words);
+        }
+    }
+}
+
 TEST(Embedded, StoresWhatTheServerStores) {
     test::EmbeddedBank().walk(
         uR"(

@@ -20,6 +20,8 @@ len('ab  ') -> 2; len(null) -> null; len(12345) -> 5; nosuch(1) -> error 195
 left('甲乙丙',2) -> 甲乙; left('ab',9) -> ab; left('ab',-1) -> error 537; left('a') -> error 174
 right('abc',2) -> bc; right('abc',0); right('abc',0-1) -> error 536
 patindex('%－%','0-59') -> 2; patindex('%－%','059') -> 0; patindex('a%','xa') -> 0; patindex('%[0-9]%','ab7') -> 3
++5 -> 5; -(5) -> -5; +(2)-+(-3) -> 5; - -5 -> 5; -(2*3) -> -6; 2*-len('ab') -> -4; -null -> null; +'a' -> a
+-'a' -> error 8117; + -> error 102; -(0-2147483647-1) -> error 8115
 2147483647+1 -> error 8115; 2+3*4-(5-1) -> 10; .5+1. -> 1.5; 1e2 -> 100; 'a'*'b' -> error 8117
 'a'+N'乙'+'''c''' -> a乙'c'; 'a'+null -> null; '5'+1 -> 6; 'x'+1 -> error 245
 )"_s;
@@ -55,10 +57,10 @@ TEST(EmbeddedValues, TextIsOneUnderTheCollationInEveryClause) {
     test::EmbeddedBank().walk(
         uR"(
 create table t (k nvarchar(10) not null primary key, n int)
-insert into t values ('b',1),('Ａ',2),('乙',3),('甲',4),('1',5)
+insert into t values ('b',1),('Ａ',2),('乙',3),('甲',4),('1',5),('_b',6),('１a',7),('（',8)
 insert into t values ('a ',9) -> error 2627
-select n from t where k='A' -> 2
-select n from t order by k -> 5 / 2 / 1 / 4 / 3
+select n from t where k='A' -> 2; select n from t where k<'0' order by k -> 8 / 6
+select n from t order by k -> 8 / 6 / 5 / 7 / 2 / 1 / 4 / 3
 select k from t where k>='甲' order by k desc -> 乙 / 甲
 create table u (k nvarchar(10), n int)
 insert into u values ('ax',1),('AＸ',2),('bx',4)

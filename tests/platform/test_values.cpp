@@ -61,6 +61,21 @@ TEST(Recordset, NumbersAreRoundedToEvenAndChecked) {
     EXPECT_EQ(errorOf([&] { rows.first().number16Or0("Name"); }), errors::TypeMismatch);
 }
 
+TEST(Recordset, ARealNumberIsRoundedAsItsTextSpellsIt) {
+    const struct {
+        double share, score;
+        int whole;
+    } cases[] = {{.35, 90, 32}, {.7, 45, 32}, {.7, 85, 60}, {.82, 75, 62}, {.14, 75, 10}, {-.7, 45, -32}, {.499, 1, 0}};
+    Recordset rows;
+    rows.addColumn(u"Score"_s);
+    for (const auto& [share, score, whole] : cases) {
+        rows.addReal(share * score);
+        const Row row = rows.row(rows.RecordCount() - 1);
+        EXPECT_EQ(row.number16("Score"), whole) << share << " of " << score;
+        EXPECT_EQ(row.number32("Score"), toInt32(row.text("Score"))) << share << " of " << score;
+    }
+}
+
 TEST(Numbers, TextsThatSpellANumber) {
     const std::vector<std::pair<QString, double>> spellings = {
         {u"12"_s, 12},  {u" 12 "_s, 12},        {u"-5"_s, -5},     {u"5-"_s, -5},

@@ -128,6 +128,28 @@ TEST_P(ExaminationTest, LoadersKnowTheDefaultsAndLeaveOutDrafts) {
     EXPECT_THROW(cExamination::GetExamIDByNum(u"001001"_s, u"5"_s), RuntimeError);
 }
 
+TEST(ExaminationOrderTest, QuestionsComeInTheOrderInWhichTheyWereStored) {
+    // A server gives the rows as the index lies that led it to them. This table gives them by their texts.
+    const EmbeddedDatabase database;
+    cnnPublic.Execute(u"drop table ExaminationQuestion"_s);
+    QString columns = u"create table ExaminationQuestion (ExaminationID int,QuestionID int,QuestionName nvarchar(9)"_s;
+    for (int i = 1; i <= 5; ++i) {
+        columns += u",Answer%1 nvarchar(9),Score%1 int"_s.arg(i);
+    }
+    cnnPublic.Execute(columns + u')');
+    cnnPublic.Execute(
+        u"insert into ExaminationQuestion (ExaminationID,QuestionID,QuestionName) values "
+        "(7,12,'乙'),(7,9,'甲'),(8,10,'丙'),(7,11,'丁')"_s);
+    QString names;
+    for (const auto& question : cExamination::GetQuestions(7)) {
+        names += question->QuestionName;
+    }
+    EXPECT_EQ(names, u"甲丁乙"_s);
+    EXPECT_EQ(cExamination::GetQuestions(7).Item(u"a11"_s)->QuestionName, u"丁"_s);
+    cnnPublic.Execute(u"update ExaminationQuestion set QuestionID=40000 where QuestionID=12"_s);
+    EXPECT_THROW(cExamination::GetQuestions(7), RuntimeError);
+}
+
 }  // namespace
 
 }  // namespace talvora::test

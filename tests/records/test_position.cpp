@@ -74,8 +74,9 @@ TEST_P(PositionTest, GuardsRefuseAndFailuresChangeNothing) {
     for (int failing = 1; failing <= 2; ++failing) {
         statementsOf(update, failing);
         statementsOf([] { EXPECT_EQ(cPosition::AddNew(u"parent"_s, u"001"_s, u"x"_s, 9), Status::Failed); }, failing);
-        statementsOf([] { EXPECT_EQ(cPosition::Delete(u"003"_s), Status::Failed); }, failing);
     }
+    statementsOf([] { EXPECT_THROW(cPosition::Delete(u"002"_s), DatabaseError); }, 1);
+    statementsOf([] { EXPECT_EQ(cPosition::Delete(u"002"_s), Status::Failed); }, 2);
     EXPECT_EQ(listed(), u"名001\n名001001\n名002\n名001"_s);
     EXPECT_EQ(cPositions().GetDistPostName().Item(3)->PostName.text(), u"名002"_s) << "each name once";
     EXPECT_EQ(cPosition::Delete(u"001001"_s), Status::Done);

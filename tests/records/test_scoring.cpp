@@ -166,6 +166,19 @@ TEST_P(ModelScoringTest, ScoresRollUpFromWhatThereIs) {
     EXPECT_EQ(scoresOf(u"CD"_s, u"DD"_s, u"BB"_s), u"null|2.25\n001|1.75\n001001|7\n001002|8\n002|0.5\n002001|4"_s);
 }
 
+TEST_P(ModelScoringTest, AWeightedScoreOnTheHalfIsRoundedAsItReads) {
+    // 70% of 45 is a hair below 31.5 as the engines reckon, and 14% of 75 a hair above 10.5.
+    for (const auto& [weight, score, rounded] : {std::tuple{u"0.7"_s, 45, 32}, std::tuple{u"0.14"_s, 75, 10}}) {
+        emptyTables({u"TestingResult"_s, u"TestingResultDetail"_s});
+        cnnPublic.Execute(u"update TestingSolutionDetail set Weighing="_s + weight);
+        cnnPublic.Execute(u"update ExaminationQuestion set Score1=%1"_s.arg(score));
+        EXPECT_EQ(sitModel(u"A_"_s, u"__"_s, u"__"_s), Status::Done);
+        cnnPublic.Execute(u"drop table #TypecodeScore"_s);
+        EXPECT_EQ(cTestings().Find(1, {}).Item(1)->Score, rounded) << "the total";
+        EXPECT_EQ(cTestings().Find(1, {}).Item(2)->Score, rounded) << "the dimension";
+    }
+}
+
 TEST_P(ModelScoringTest, SecondModelTestOnOneConnectionFailsAtTheRollUp) {
     EXPECT_EQ(sitModel(u"CD"_s, u"A_"_s, u"BB"_s), Status::Done);
     EXPECT_EQ(sitModel(u"AA"_s, u"BB"_s, u"AA"_s), Status::Failed);

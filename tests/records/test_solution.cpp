@@ -88,6 +88,10 @@ TEST_P(SolutionTest, EachStatementFailsInTurn) {
         EXPECT_EQ(counts(), u"1 2"_s);
         store();
     }
+    EXPECT_EQ(head(u"正号"_s).AddNew(lines({u"001 +5 1.%"_s, u"001001 - 1.%"_s})), Status::Failed);
+    EXPECT_EQ(head(u"正号"_s).AddNew(lines({u"001 +5 1.%"_s})), Status::Done);
+    EXPECT_EQ(cDimensions().Find(keyOf(u"正号"_s)).Item(1)->Score, u"5"_s);
+    store();
 
     // Statements: guard, begin, head, delete, two lines, commit. An unanswered guard writes nothing.
     failEachStatement(

@@ -1,6 +1,6 @@
 // The series of statements of cTesting: their exact texts, what is left behind when each of them fails, and the lists.
 
-#include "core/transaction.h"
+#include "core/status_of.h"
 #include "records/scoring_bank.h"
 #include "support/database_fixture.h"
 

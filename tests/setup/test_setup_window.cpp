@@ -39,7 +39,7 @@ TEST_F(SetupWindow, LeadsFromNothingToACompleteDatabaseWithAPaper) {
     script.expect(vbOK, u"请先输入［服务器］！"_s);
     click(window.ui->cmdConnect);
     EXPECT_EQ(focused(), window.ui->txtServer);
-    script.expect(vbOK, u"尚未配置数据库连接，请先进行［连接］！"_s);
+    script.expect(vbOK, u"尚未配置数据库连接，请先进行［连接到SQL SERVER］！"_s);
     click(window.ui->cmdCheck);
 
     // A connection that fails is saved when the user says so.

@@ -34,7 +34,7 @@ void openServerDatabase() {
         lock.lock();
     }
     open(qEnvironmentVariable(serverVariable));
-    if (presentTables(cnnPublic).isEmpty()) {
+    if (isEmptyDatabase(cnnPublic)) {
         return install(cnnPublic, u"admin"_s);
     }
     for (const TableColumns& table : schemaTables()) {

@@ -3,6 +3,7 @@
 #include "platform/database/connection_string.h"
 #include "platform/database/embedded/embedded_driver.h"
 #include "platform/database/odbc/odbc_driver.h"
+#include "platform/database/server_errors.h"
 #include "platform/runtime_error.h"
 
 namespace talvora {
@@ -41,8 +42,7 @@ void Connection::BeginTrans() {
             CommitTrans();
         } catch (const DatabaseError& error) {
             // A server that rolled the transaction back by itself has none left to commit.
-            constexpr int noTransaction = 3902;
-            if (error.number() != noTransaction) {
+            if (error.number() != server_error::NothingToCommit) {
                 throw;
             }
         }

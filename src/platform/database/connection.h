@@ -29,8 +29,8 @@ class Connection {
     /// file named by Initial Catalog, relative to the application's folder; ":memory:" there is a database that lives
     /// as long as the session. Anything else is a SQL Server, written host, host,port or host\instance.
     QString ConnectionString;
-    /// Seconds that a statement may run, or wait for another session's lock, before it fails; 0 is no limit. Read by
-    /// Open.
+    /// Seconds that a statement may run, or wait for another session's lock, before it fails; 0 is no limit. A change
+    /// inside a transaction of the embedded file is never cut off. Read by Open.
     int CommandTimeout = 30;
 
     /// Opens the session, closing an earlier one. Throws DatabaseError.

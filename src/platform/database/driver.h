@@ -16,7 +16,9 @@ class Driver {
     virtual ~Driver() = default;
 
     /// Runs one T-SQL statement and brings all its rows to the client (none for a statement that returns no rows).
-    /// A failing statement leaves an open transaction open, with what was done before it.
+    /// A failing statement leaves an open transaction open, with what was done before it, unless the engine itself
+    /// gives the transaction up: a server over a failing conversion or a deadlock, the embedded file over a full or
+    /// broken disk.
     virtual Recordset execute(const QString& statement) = 0;
 
     virtual void beginTransaction() = 0;

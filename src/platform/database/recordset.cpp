@@ -8,8 +8,21 @@
 #include <QStringView>
 
 #include <algorithm>
+#include <cmath>
 
 namespace talvora {
+
+namespace {
+
+/// A stored real number as its text has it, with 15 significant digits: 0.7 * 45 is stored as 31.499999999999996 and
+/// reads 31.5, which rounds to 32. Only around a half can the digits behind matter.
+double asSpelled(double value) {
+    constexpr double nearHalf = 1E-3;
+    const double fraction = value - std::floor(value);
+    return std::fabs(fraction - 0.5) < nearHalf ? numberText(value).toDouble() : value;
+}
+
+}  // namespace
 
 /// A column's name, and the texts read from it lately: a column of few different values (a sex, an education, a
 /// position) then hands out shared strings in place of one allocation a row.
@@ -122,7 +135,7 @@ double Recordset::number(int row, int column) const {
         case Kind::Whole:
             return static_cast<double>(value.whole);
         case Kind::Real:
-            return value.real;
+            return asSpelled(value.real);
         case Kind::Text:
             break;
     }

@@ -33,8 +33,8 @@ class Row {
     /// The value as text with its blanks; NULL is empty text.
     QString rawText(FieldName name) const;
 
-    /// The value as a whole number, rounded half to even. NULL is RuntimeError 94, text that is no number 13, a
-    /// number past the width 6.
+    /// The value as a whole number, rounded half to even as its text spells it. NULL is RuntimeError 94, text that is
+    /// no number 13, a number past the width 6.
     qint16 number16(FieldName name) const;
     qint32 number32(FieldName name) const;
     /// The same with 0 for NULL.

@@ -3,7 +3,6 @@
 #include "core/data_routines.h"
 #include "core/mdlpublic.h"
 #include "core/status_of.h"
-#include "core/transaction.h"
 
 namespace talvora {
 

@@ -16,8 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int AlreadyDisplayed = 400;
-
 std::vector<Form*>& loadedForms() {
     static std::vector<Form*> forms;
     return forms;
@@ -77,7 +75,7 @@ void Form::Show() {
 void Form::ShowModal() {
     Load();
     if (window_->isVisible()) {
-        throw RuntimeError(AlreadyDisplayed, u"窗体已经显示；不能按模态方式显示"_s);
+        throw RuntimeError(errors::AlreadyDisplayed);
     }
     showWindow(Qt::ApplicationModal);
     waitUntil([this] { return !window_ || !window_->isVisible(); });

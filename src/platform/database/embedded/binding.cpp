@@ -65,11 +65,9 @@ void bindOne(sqlite3_stmt* statement, int index, const Parameter& parameter, con
 
 void bindParameters(sqlite3_stmt* statement, const std::vector<Parameter>& parameters,
                     const std::vector<Literal>& literals) {
-    // A probe may do with fewer of them.
-    const int count = sqlite3_bind_parameter_count(statement);
-    for (int index = 1; index <= count; ++index) {
-        const Parameter& parameter = parameters[static_cast<std::size_t>(index - 1)];
-        bindOne(statement, index, parameter, literals[static_cast<std::size_t>(parameter.literal)]);
+    int index = 0;
+    for (const Parameter& parameter : parameters) {
+        bindOne(statement, ++index, parameter, literals[static_cast<std::size_t>(parameter.literal)]);
     }
 }
 

@@ -44,7 +44,7 @@ const CatalogTable* Catalog::find(const QString& table) const {
 const CatalogTable& Catalog::table(const QString& name) const {
     const CatalogTable* found = find(name);
     if (!found) {
-        throw serverError(server_error::InvalidObject, u"Invalid object name '%1'."_s.arg(name));
+        throw serverError(server_error::InvalidObject, {name});
     }
     return *found;
 }

@@ -43,18 +43,27 @@ const QCollatorSortKey& soundOf(char16_t c) {
     return (known != keys.end() ? known : keys.emplace(c, collator.sortKey(QString(QChar(c)))).first)->second;
 }
 
+/// The sets of characters in their order.
+enum class Group { Sign, Digit, Letter, Han };
+
+Group groupOf(char16_t c) {
+    if (isHan(c)) {
+        return Group::Han;
+    }
+    if (QChar::isDigit(c)) {
+        return Group::Digit;
+    }
+    return QChar::isLetter(c) || QChar::isSurrogate(c) ? Group::Letter : Group::Sign;
+}
+
 /// Orders two folded characters that differ.
 int orderOf(char16_t left, char16_t right) {
-    const bool leftHan = isHan(left);
-    const bool rightHan = isHan(right);
-    if (leftHan && rightHan) {
-        const int order = soundOf(left).compare(soundOf(right));
-        return order != 0 ? order : left - right;
+    const Group group = groupOf(left);
+    if (const Group other = groupOf(right); group != other) {
+        return group < other ? -1 : 1;
     }
-    if (leftHan != rightHan) {
-        return leftHan ? 1 : -1;
-    }
-    return static_cast<int>(left) - static_cast<int>(right);
+    const int order = group == Group::Han ? soundOf(left).compare(soundOf(right)) : 0;
+    return order != 0 ? order : static_cast<int>(left) - static_cast<int>(right);
 }
 
 /// Texts as they lie in SQLite's pages, which keep no alignment.
@@ -154,7 +163,8 @@ int orderFingerprint() {
         constexpr char16_t last = 0x9FA0;
         constexpr int stride = 61;
         constexpr quint32 factor = 16777619;
-        quint32 hash = 2166136261U;
+        // The start stands for the order of all other characters. Whoever changes that changes the start.
+        quint32 hash = 2166136262U;
         QString previous(QChar{first});
         for (int c = first + stride; c <= last; c += stride) {
             const QString next(QChar{static_cast<char16_t>(c)});

@@ -41,8 +41,7 @@ QStringView withoutBlanks(QStringView text) {
 }
 
 DatabaseError arithmeticOverflow(Kind kind) {
-    return serverError(server_error::ArithmeticOverflow,
-                       u"Arithmetic overflow error converting expression to data type %1."_s.arg(typeWord(kind)));
+    return serverError(server_error::ArithmeticOverflow, {typeWord(kind)});
 }
 
 }  // namespace
@@ -84,9 +83,7 @@ qint64 wholeFromText(QStringView text, Kind kind) {
     for (; at < packed.size(); ++at) {
         const char16_t c = packed[at].unicode();
         if (c < u'0' || c > u'9') {
-            throw serverError(server_error::ConversionFailed,
-                              u"Conversion failed when converting the nvarchar value '%1' to data type %2."_s.arg(
-                                  text, typeWord(kind)));
+            throw serverError(server_error::ConversionFailed, {text.toString(), typeWord(kind)});
         }
         overflow = overflow || value > beyond;
         value = overflow ? 0 : value * 10 + (c - u'0');
@@ -94,9 +91,7 @@ qint64 wholeFromText(QStringView text, Kind kind) {
     value = negative ? -value : value;
     const WholeRange range = rangeOf(kind);
     if (overflow || value < range.lowest || value > range.highest) {
-        throw serverError(
-            server_error::ConversionOverflow,
-            u"The conversion of the nvarchar value '%1' overflowed an %2 column."_s.arg(text, typeWord(kind)));
+        throw serverError(server_error::ConversionOverflow, {text.toString(), typeWord(kind)});
     }
     return wholeFromWhole(value, kind);
 }
@@ -110,7 +105,7 @@ double realFromText(QStringView text) {
     bool ok = form.match(packed.toString()).hasMatch();
     const double value = ok ? QLocale::c().toDouble(packed, &ok) : 0;
     if (!ok || !std::isfinite(value)) {
-        throw serverError(server_error::RealConversion, u"Error converting data type nvarchar to float."_s);
+        throw serverError(server_error::RealConversion);
     }
     return value;
 }
@@ -129,8 +124,7 @@ QString dateTimeFromText(QStringView text) {
     const QDate date(part(1 + shift), part(2 + shift), part(3 + shift));
     const QTime time(part(7), part(8), part(9));
     if (!match.hasMatch() || !date.isValid() || !time.isValid()) {
-        throw serverError(server_error::InvalidDate,
-                          u"Conversion failed when converting date and/or time from character string."_s);
+        throw serverError(server_error::InvalidDate);
     }
     return QDateTime(date, time, Qt::UTC).toString(u"yyyy-MM-dd HH:mm:ss");
 }
@@ -157,7 +151,7 @@ QStringView fitted(QStringView text, int length) {
     }
     for (const QChar c : text.sliced(length)) {
         if (c != u' ') {
-            throw serverError(server_error::TextTruncated, u"String or binary data would be truncated."_s);
+            throw serverError(server_error::TextTruncated);
         }
     }
     return text.left(length);

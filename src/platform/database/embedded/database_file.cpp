@@ -36,7 +36,7 @@ DatabaseFile::DatabaseFile(const QString& name, Mode mode, int timeoutSeconds)
     const bool inMemory = path == inMemoryName;
     const bool missing = name.isEmpty() || !QFileInfo(path).isFile();
     if (!inMemory && missing && (mode == Mode::OpenExisting || name.isEmpty())) {
-        throw serverError(server_error::CannotOpenDatabase, u"Cannot open database \"%1\"."_s.arg(name));
+        throw serverError(server_error::CannotOpenDatabase, {name});
     }
     startClock();
     try {
@@ -57,7 +57,7 @@ void DatabaseFile::open(const QString& path, int flags) {
     const int all = flags | SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
     const int code = sqlite3_open_v2(path.toUtf8().constData(), &database_, all, nullptr);
     if (code != SQLITE_OK) {
-        throw serverError(server_error::CannotOpenDatabase, u"Cannot open database \"%1\"."_s.arg(path));
+        throw serverError(server_error::CannotOpenDatabase, {path});
     }
     sqlite3_extended_result_codes(database_, 1);
     // Without these a mistyped name in double quotes would pass for a text.
@@ -97,8 +97,8 @@ void DatabaseFile::prepare(bool inMemory, Mode mode) {
 }
 
 void DatabaseFile::keepOrder() {
-    // Indexes on Chinese text hold only under the collation data they were built with. The mark of those data stands
-    // in the file; where a newer system sorts differently, the indexes are built anew.
+    // Indexes on text hold only under the order they were built with. The mark of that order stands in the file; where
+    // a newer system or program sorts differently, the indexes are built anew.
     SqliteStatement mark(database_, "PRAGMA user_version");
     mark.step();
     const bool current = mark.whole(0) == orderFingerprint();
@@ -112,7 +112,7 @@ void DatabaseFile::keepOrder() {
 }
 
 bool DatabaseFile::timeIsUp() const {
-    return timeoutMilliseconds_ > 0 && clock_.hasExpired(timeoutMilliseconds_);
+    return limited_ && clock_.hasExpired(timeoutMilliseconds_);
 }
 
 int DatabaseFile::waitForLock(void* self, int attempt) {

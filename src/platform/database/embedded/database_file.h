@@ -21,7 +21,12 @@ class DatabaseFile {
     sqlite3* handle() const { return database_; }
 
     /// The time limit counts from here: to be called before each statement.
-    void startClock() { clock_.start(); }
+    void startClock() {
+        clock_.start();
+        limited_ = timeoutMilliseconds_ > 0;
+    }
+    /// The present statement may run as long as it needs.
+    void liftLimit() { limited_ = false; }
 
  private:
     void open(const QString& path, int flags);
@@ -34,6 +39,7 @@ class DatabaseFile {
     sqlite3* database_ = nullptr;
     qint64 timeoutMilliseconds_;
     QElapsedTimer clock_;
+    bool limited_ = false;
 };
 
 }  // namespace talvora::embedded

@@ -61,7 +61,9 @@ class EmbeddedDriver : public Driver {
     void define(const Translation& translation);
     Recordset run(Plan& plan);
     void forgetTables();
-    void endTransaction(const char* sql, int missingError, QLatin1StringView word);
+    bool inTransaction() const { return sqlite3_get_autocommit(file_.handle()) == 0; }
+    void finishChange();
+    void endTransaction(const char* sql, int missingError);
 
     PendingError pending_;
     DatabaseFile file_;
@@ -88,7 +90,7 @@ Recordset EmbeddedDriver::execute(const QString& statement) {
         }
         return run(cache_.add(tokens_, prepare(std::move(translation), std::move(structural))));
     } catch (const DatabaseError&) {
-        if (tablesChanged_ && sqlite3_get_autocommit(file_.handle()) != 0) {
+        if (tablesChanged_ && !inTransaction()) {
             forgetTables();
         }
         if (pending_) {
@@ -120,6 +122,7 @@ Translation EmbeddedDriver::translate(std::vector<Plan::Structural>& structural)
 void EmbeddedDriver::define(const Translation& translation) {
     cache_.clear();
     tablesChanged_ = true;
+    finishChange();
     Savepoint savepoint(file_.handle());
     for (const QByteArray& definition : translation.definitions) {
         runSqlite(file_.handle(), definition);
@@ -150,6 +153,9 @@ Recordset EmbeddedDriver::run(Plan& plan) {
     for (const QString& name : plan.columns) {
         rows.addColumn(name);
     }
+    if (sqlite3_stmt_readonly(statement) == 0) {
+        finishChange();
+    }
     const int columns = static_cast<int>(plan.columns.size());
     while (plan.prepared.step()) {
         for (int i = 0; i < columns; ++i) {
@@ -158,6 +164,14 @@ Recordset EmbeddedDriver::run(Plan& plan) {
     }
     plan.prepared.reset();
     return rows;
+}
+
+/// Lets a change inside a transaction run to its end: SQLite undoes the whole transaction with a change that is cut
+/// off.
+void EmbeddedDriver::finishChange() {
+    if (inTransaction()) {
+        file_.liftLimit();
+    }
 }
 
 void EmbeddedDriver::forgetTables() {
@@ -173,18 +187,17 @@ void EmbeddedDriver::beginTransaction() {
     tablesChanged_ = false;
 }
 
-void EmbeddedDriver::endTransaction(const char* sql, int missingError, QLatin1StringView word) {
+void EmbeddedDriver::endTransaction(const char* sql, int missingError) {
     file_.startClock();
-    if (sqlite3_get_autocommit(file_.handle()) != 0) {
-        throw serverError(missingError,
-                          u"The %1 TRANSACTION request has no corresponding BEGIN TRANSACTION."_s.arg(word));
+    if (!inTransaction()) {
+        throw serverError(missingError);
     }
     runSqlite(file_.handle(), sql);
 }
 
 void EmbeddedDriver::commitTransaction() {
     try {
-        endTransaction("COMMIT", server_error::NothingToCommit, "COMMIT"_L1);
+        endTransaction("COMMIT", server_error::NothingToCommit);
     } catch (const DatabaseError&) {
         // Left open, it would refuse every later transaction of the session.
         sqlite3_exec(file_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
@@ -194,7 +207,7 @@ void EmbeddedDriver::commitTransaction() {
 }
 
 void EmbeddedDriver::rollbackTransaction() {
-    endTransaction("ROLLBACK", server_error::NothingToRollBack, "ROLLBACK"_L1);
+    endTransaction("ROLLBACK", server_error::NothingToRollBack);
     if (tablesChanged_) {
         forgetTables();
     }

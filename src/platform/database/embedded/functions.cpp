@@ -52,22 +52,22 @@ void len(const Call& call) {
     call.giveWhole(withoutTrailingBlanks(call.text(0)).size());
 }
 
-qint64 lengthArgument(const Call& call, int i, int error, QLatin1StringView function) {
+qint64 lengthArgument(const Call& call, int i, int error) {
     const qint64 length = call.whole(i);
     if (length < 0) {
-        throw serverError(error, u"Invalid length parameter passed to the %1 function."_s.arg(function));
+        throw serverError(error);
     }
     return length;
 }
 
 void left(const Call& call) {
-    const qint64 length = lengthArgument(call, 1, server_error::InvalidLengthLeftRight, "LEFT or SUBSTRING"_L1);
+    const qint64 length = lengthArgument(call, 1, server_error::InvalidLengthLeftRight);
     const QStringView text = call.text(0);
     call.giveText(text.left(std::min<qint64>(length, text.size())));
 }
 
 void right(const Call& call) {
-    const qint64 length = lengthArgument(call, 1, server_error::InvalidLength, "RIGHT"_L1);
+    const qint64 length = lengthArgument(call, 1, server_error::InvalidLength);
     const QStringView text = call.text(0);
     call.giveText(text.right(std::min<qint64>(length, text.size())));
 }
@@ -97,7 +97,7 @@ void toReal(const Call& call) {
 
 void toDateTime(const Call& call) {
     if (call.type(0) != SQLITE_TEXT) {
-        throw serverError(server_error::InvalidDate, u"Conversion failed when converting a number to datetime."_s);
+        throw serverError(server_error::InvalidDate);
     }
     call.giveText(dateTimeFromText(call.text(0)));
 }

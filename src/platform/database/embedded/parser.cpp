@@ -12,7 +12,7 @@ Parser::Nesting::Nesting(Parser& parser) : parser_(parser) {
     constexpr int deepest = 150;
     if (++parser_.depth_ > deepest) {
         --parser_.depth_;
-        throw serverError(server_error::NestedTooDeeply, u"Some part of your SQL statement is nested too deeply."_s);
+        throw serverError(server_error::NestedTooDeeply);
     }
 }
 
@@ -105,13 +105,12 @@ QString Parser::name() {
     return name;
 }
 
-QString Parser::tableName() {
-    // A file holds one schema, so that what stands in front of the table's own name says nothing.
-    QString table = name();
+QString Parser::qualifiedName() {
+    QString last = name();
     while (acceptSymbol("."_L1)) {
-        table = name();
+        last = name();
     }
-    return table;
+    return last;
 }
 
 QString Parser::optionalAlias() {
@@ -154,7 +153,7 @@ SqlType Parser::dataType(int unsizedLength) {
     }
     const SqlType type = typeNamed(word, length);
     if (type.kind == Kind::Null) {
-        throw serverError(2715, u"Cannot find data type %1."_s.arg(near));
+        throw serverError(server_error::UnknownType, {near.toString()});
     }
     return type;
 }
@@ -187,7 +186,7 @@ Select Parser::select() {
         select.items.push_back(selectItem());
     } while (acceptSymbol(","_L1));
     if (acceptWord("into"_L1)) {
-        select.into = tableName();
+        select.into = qualifiedName();
     }
     if (acceptWord("from"_L1)) {
         select.from = sources();
@@ -243,7 +242,7 @@ Source Parser::source() {
         }
         return source;
     }
-    source.table = tableName();
+    source.table = qualifiedName();
     source.alias = optionalAlias();
     return source;
 }

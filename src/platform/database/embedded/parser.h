@@ -30,7 +30,9 @@ class Parser {
     void expectSymbol(QLatin1StringView symbol);
     bool atName() const;
     QString name();
-    QString tableName();
+    /// The name of a table, or of a column of the one table that is changed. What stands in front of it says nothing: a
+    /// file holds one schema.
+    QString qualifiedName();
     QString optionalAlias();
     int structuralNumber();
     SqlType dataType(int unsizedLength);

@@ -9,10 +9,10 @@ Insert Parser::insert() {
     expectWord("insert"_L1);
     acceptWord("into"_L1);
     Insert insert;
-    insert.table = tableName();
+    insert.table = qualifiedName();
     if (acceptSymbol("("_L1)) {
         do {
-            insert.columns.push_back(tableName());
+            insert.columns.push_back(qualifiedName());
         } while (acceptSymbol(","_L1));
         expectSymbol(")"_L1);
     }
@@ -32,11 +32,10 @@ Insert Parser::insert() {
 Update Parser::update() {
     expectWord("update"_L1);
     Update update;
-    update.table = tableName();
+    update.table = qualifiedName();
     expectWord("set"_L1);
     do {
-        // A column may be set under its table's name, which need not be looked at: only one table is updated.
-        Assignment assignment{tableName(), nullptr};
+        Assignment assignment{qualifiedName(), nullptr};
         expectSymbol("="_L1);
         assignment.value = sum();
         update.assignments.push_back(std::move(assignment));
@@ -54,7 +53,7 @@ Delete Parser::remove() {
     expectWord("delete"_L1);
     acceptWord("from"_L1);
     Delete remove;
-    remove.table = tableName();
+    remove.table = qualifiedName();
     if (acceptWord("where"_L1)) {
         remove.where = expression();
     }
@@ -72,7 +71,7 @@ Statement Parser::create() {
 
 CreateTable Parser::createTable() {
     CreateTable table;
-    table.table = tableName();
+    table.table = qualifiedName();
     expectSymbol("("_L1);
     do {
         table.columns.push_back(columnDefinition());
@@ -126,7 +125,7 @@ CreateIndex Parser::createIndex() {
     CreateIndex index;
     index.name = name();
     expectWord("on"_L1);
-    index.table = tableName();
+    index.table = qualifiedName();
     expectSymbol("("_L1);
     do {
         index.columns.push_back(name());
@@ -141,11 +140,11 @@ Statement Parser::drop() {
         DropIndex index;
         index.name = name();
         expectWord("on"_L1);
-        index.table = tableName();
+        index.table = qualifiedName();
         return index;
     }
     expectWord("table"_L1);
-    return DropTable{tableName()};
+    return DropTable{qualifiedName()};
 }
 
 }  // namespace talvora::embedded

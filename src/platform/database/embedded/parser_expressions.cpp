@@ -13,7 +13,7 @@ void Parser::adopt(Expression& parent, ExpressionPtr child) const {
     constexpr int deepest = 600;
     parent.depth = std::max(parent.depth, child->depth + 1);
     if (parent.depth > deepest) {
-        throw serverError(server_error::NestedTooDeeply, u"Some part of your SQL statement is nested too deeply."_s);
+        throw serverError(server_error::NestedTooDeeply);
     }
     parent.args.push_back(std::move(child));
 }
@@ -127,16 +127,20 @@ ExpressionPtr Parser::term() {
 
 ExpressionPtr Parser::factor() {
     const Nesting nesting(*this);
+    if (acceptSymbol("+"_L1)) {
+        return factor();
+    }
     if (!acceptSymbol("-"_L1)) {
         return primary();
     }
-    const Token& operand = peek();
-    if (operand.literal < 0 || operand.kind == TokenKind::Text) {
-        throw incorrectSyntax(operand.text);
+    ExpressionPtr operand = factor();
+    if (operand->form == Form::Literal && operand->literalKind != TokenKind::Text) {
+        operand->negative = !operand->negative;
+        return operand;
     }
-    ExpressionPtr number = literal();
-    number->negative = true;
-    return number;
+    ExpressionPtr minus = make(Form::Arithmetic, std::move(operand));
+    minus->name = u"-"_s;
+    return minus;
 }
 
 ExpressionPtr Parser::primary() {

@@ -21,7 +21,7 @@ enum class Form : quint8 {
     Literal,
     Null,
     Column,
-    Arithmetic,  ///< name is one of + - *
+    Arithmetic,  ///< name is one of + - *; with one operand the minus in front of it
     Call,        ///< name is the function; starred for count(*)
     Case,        ///< [operand], when, then, when, then, …, [else]
     Cast,        ///< to `type`

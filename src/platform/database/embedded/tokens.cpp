@@ -112,8 +112,8 @@ class Reader {
         Literal literal{TokenKind::Text, {}, false};
         const qsizetype end = closing(pos_ + 1, u'\'', literal.doubled);
         if (end < 0) {
-            throw serverError(105, u"Unclosed quotation mark after the character string '%1'."_s.arg(
-                                       text_.sliced(pos_ + 1).left(60)));
+            constexpr qsizetype shown = 60;
+            throw serverError(server_error::UnclosedQuote, {text_.sliced(pos_ + 1).left(shown).toString()});
         }
         literal.text = text_.sliced(pos_ + 1, end - pos_ - 1);
         pos_ = end + 1;
@@ -175,7 +175,7 @@ class Reader {
         int depth = 0;
         do {
             if (pos_ >= text_.size()) {
-                throw serverError(113, u"Missing end comment mark '*/'."_s);
+                throw serverError(server_error::UnclosedComment);
             }
             if (at(pos_) == u'/' && at(pos_ + 1) == u'*') {
                 ++depth;

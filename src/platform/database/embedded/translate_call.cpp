@@ -1,4 +1,3 @@
-#include "platform/database/embedded/collation.h"
 #include "platform/database/embedded/server_error.h"
 #include "platform/database/embedded/translator.h"
 
@@ -11,8 +10,6 @@ namespace talvora::embedded {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString collate = u" COLLATE "_s + QLatin1StringView(collationName);
 
 /// A function of T-SQL that stands for one function of the engine's own. `takes` tells the arguments: t a text, i a
 /// whole number.
@@ -35,7 +32,7 @@ bool isAggregate(const Expression& e) {
 
 void requireArguments(const Expression& e, std::size_t count) {
     if (e.starred || e.args.size() != count) {
-        throw serverError(174, u"The %1 function requires %2 argument(s)."_s.arg(e.name, QString::number(count)));
+        throw serverError(server_error::ArgumentCount, {e.name, QString::number(count)});
     }
 }
 
@@ -48,7 +45,7 @@ Translator::Piece Translator::call(const Expression& e, const Scope& scope) {
     const auto plain = std::find_if(plainFunctions.begin(), plainFunctions.end(),
                                     [&](const Plain& known) { return e.name == known.name; });
     if (plain == plainFunctions.end()) {
-        throw serverError(195, u"'%1' is not a recognized built-in function name."_s.arg(e.name));
+        throw serverError(server_error::UnknownFunction, {e.name});
     }
     requireArguments(e, plain->takes.size());
     QStringList arguments;
@@ -61,7 +58,7 @@ Translator::Piece Translator::call(const Expression& e, const Scope& scope) {
         arguments += as(argument, plain->takes[i] == 't' ? Kind::Text : Kind::Int);
     }
     const QString sql = u"tsql_"_s + e.name + u'(' + arguments.join(u", "_s) + u')';
-    return result.isText() ? Piece{sql + collate, result, true} : Piece{sql, result};
+    return result.isText() ? Piece{collated(sql), result, true} : Piece{sql, result};
 }
 
 Translator::Piece Translator::aggregate(const Expression& e, const Scope& scope) {
@@ -72,7 +69,7 @@ Translator::Piece Translator::aggregate(const Expression& e, const Scope& scope)
         return {u"count(*)"_s, {Kind::Int}};
     }
     if (e.args.size() != 1) {
-        throw serverError(174, u"The %1 function requires 1 argument(s)."_s.arg(e.name));
+        throw serverError(server_error::ArgumentCount, {e.name, u"1"_s});
     }
     const Piece operand = value(*e.args[0], scope);
     const SqlType type = operand.type;
@@ -81,10 +78,10 @@ Translator::Piece Translator::aggregate(const Expression& e, const Scope& scope)
         return {sql, {Kind::Int}};
     }
     if (e.name == "max"_L1) {
-        return type.isText() ? Piece{sql + collate, type, true} : Piece{sql, type};
+        return type.isText() ? Piece{collated(sql), type, true} : Piece{sql, type};
     }
     if (!type.isNumber()) {
-        throw serverError(8117, u"Operand data type %1 is invalid for %2 operator."_s.arg(typeWord(type.kind), e.name));
+        throw serverError(server_error::InvalidOperand, {typeWord(type.kind), e.name});
     }
     if (type.kind == Kind::Real) {
         return {sql, type};

@@ -12,27 +12,23 @@ namespace {
 const CatalogColumn& columnOf(const CatalogTable& table, const QString& name) {
     const CatalogColumn* column = table.column(name);
     if (!column) {
-        throw serverError(server_error::InvalidColumn, u"Invalid column name '%1'."_s.arg(name));
+        throw serverError(server_error::InvalidColumn, {name});
     }
     return *column;
 }
 
 void requireOnce(const std::vector<const CatalogColumn*>& columns, const CatalogColumn& column) {
     if (std::find(columns.begin(), columns.end(), &column) != columns.end()) {
-        throw serverError(264, u"The column name '%1' is specified more than once."_s.arg(column.name));
+        throw serverError(server_error::ColumnSetTwice, {column.name});
     }
 }
 
 void requireCount(std::size_t columns, std::size_t values) {
     if (values < columns) {
-        throw serverError(109,
-                          u"There are more columns in the INSERT statement than values specified in the VALUES "
-                          "clause."_s);
+        throw serverError(server_error::FewerValuesThanColumns);
     }
     if (values > columns) {
-        throw serverError(110,
-                          u"There are fewer columns in the INSERT statement than values specified in the VALUES "
-                          "clause."_s);
+        throw serverError(server_error::MoreValuesThanColumns);
     }
 }
 
@@ -44,9 +40,7 @@ std::vector<const CatalogColumn*> Translator::insertedColumns(const Insert& inse
         const CatalogColumn& column = columnOf(table, name);
         requireOnce(columns, column);
         if (column.identity) {
-            throw serverError(server_error::ExplicitIdentity,
-                              u"Cannot insert explicit value for identity column in table '%1' when IDENTITY_INSERT is "
-                              "set to OFF."_s.arg(table.name));
+            throw serverError(server_error::ExplicitIdentity, {table.name});
         }
         columns.push_back(&column);
     }
@@ -74,9 +68,7 @@ void Translator::insert(const Insert& insert) {
     }
     constexpr std::size_t mostRows = 1000;
     if (insert.rows.size() > mostRows) {
-        throw serverError(10738,
-                          u"The number of row value expressions in the INSERT statement exceeds the maximum "
-                          "allowed number of 1000 row values."_s);
+        throw serverError(server_error::TooManyRows);
     }
     const Scope nothing;
     QStringList rows;
@@ -123,7 +115,7 @@ void Translator::updateJoined(const Update& update, const CatalogTable& table) {
         const CatalogColumn& column = columnOf(table, assignment.column);
         requireOnce(columns, column);
         if (column.identity) {
-            throw serverError(server_error::UpdatedIdentity, u"Cannot update identity column '%1'."_s.arg(column.name));
+            throw serverError(server_error::UpdatedIdentity, {column.name});
         }
         columns.push_back(&column);
         assignments += quoted(column.name) + u" = "_s + assigned(value(*assignment.value, scope), column);

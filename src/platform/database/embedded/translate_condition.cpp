@@ -1,4 +1,3 @@
-#include "platform/database/embedded/collation.h"
 #include "platform/database/embedded/server_error.h"
 #include "platform/database/embedded/translator.h"
 
@@ -24,9 +23,7 @@ QString Translator::condition(const Expression& e, const Scope& scope) {
             return u'(' + as(operand, operand.type.kind) + (e.negated ? u" IS NOT NULL)"_s : u" IS NULL)"_s);
         }
         default:
-            throw serverError(4145,
-                              u"An expression of non-boolean type specified in a context where a condition is "
-                              "expected, near '%1'."_s.arg(e.near));
+            throw serverError(server_error::NoCondition, {e.near.toString()});
     }
 }
 
@@ -51,7 +48,7 @@ QString Translator::comparison(const Piece& left, const QString& symbol, const P
     };
     QString a = operand(left);
     if (kind == Kind::Text && !left.collated && !right.collated) {
-        a += u" COLLATE "_s + QLatin1StringView(collationName);
+        a = collated(a);
     }
     return u'(' + a + u' ' + symbol + u' ' + operand(right) + u')';
 }
@@ -59,14 +56,14 @@ QString Translator::comparison(const Piece& left, const QString& symbol, const P
 QString Translator::inList(const Expression& e, const Scope& scope) {
     const Piece left = value(*e.args[0], scope);
     const QString word = e.negated ? u" NOT IN ("_s : u" IN ("_s;
-    const auto collated = [&](const QString& sql, Kind kind) {
-        const bool bare = kind == Kind::Text && !left.collated;
-        return bare ? sql + u" COLLATE "_s + QLatin1StringView(collationName) : sql;
+    const auto operand = [&](Kind kind) {
+        const QString sql = as(left, kind);
+        return kind == Kind::Text && !left.collated ? collated(sql) : sql;
     };
     if (e.query) {
         const Rows rows = query(*e.query, &scope);
         if (rows.columns.size() != 1) {
-            throw serverError(116, u"Only one expression can be specified in the select list of a subquery."_s);
+            throw serverError(server_error::SubqueryColumns);
         }
         const SqlType type = rows.columns[0].type;
         const Kind kind = std::max(left.type.kind, type.kind);
@@ -74,7 +71,7 @@ QString Translator::inList(const Expression& e, const Scope& scope) {
         if (type.isText() && kind != Kind::Text) {
             list = u"SELECT "_s + as({quoted(rows.columns[0].name), type}, kind) + u" FROM ("_s + rows.sql + u')';
         }
-        return u'(' + collated(as(left, kind), kind) + word + list + u"))"_s;
+        return u'(' + operand(kind) + word + list + u"))"_s;
     }
     std::vector<Piece> items;
     Kind kind = left.type.kind;
@@ -86,7 +83,7 @@ QString Translator::inList(const Expression& e, const Scope& scope) {
     for (const Piece& item : items) {
         list += as(item, kind);
     }
-    return u'(' + collated(as(left, kind), kind) + word + list.join(u", "_s) + u"))"_s;
+    return u'(' + operand(kind) + word + list.join(u", "_s) + u"))"_s;
 }
 
 QString Translator::like(const Expression& e, const Scope& scope) {

@@ -41,9 +41,13 @@ QString quoted(const QString& name) {
 QString columnSql(const QString& name, const SqlType& type) {
     QString sql = quoted(name) + u' ' + declaration(type);
     if (type.isText() || type.kind == Kind::Null) {
-        sql += u" COLLATE "_s + QLatin1StringView(collationName);
+        sql = collated(sql);
     }
     return sql;
+}
+
+QString collated(const QString& sql) {
+    return sql + u" COLLATE "_s + QLatin1StringView(collationName);
 }
 
 Translation Translator::translate(const Statement& statement) {
@@ -83,14 +87,13 @@ Translation Translator::translate(const Statement& statement) {
 
 void Translator::createTable(const CreateTable& create) {
     if (catalog_.find(create.table)) {
-        throw serverError(server_error::ObjectExists,
-                          u"There is already an object named '%1' in the database."_s.arg(create.table));
+        throw serverError(server_error::ObjectExists, {create.table});
     }
     QString identity;
     QStringList parts;
     for (const ColumnDefinition& column : create.columns) {
         if (column.identity && !identity.isEmpty()) {
-            throw serverError(2744, u"Multiple identity columns specified for table '%1'."_s.arg(create.table));
+            throw serverError(server_error::SecondIdentity, {create.table});
         }
         identity = column.identity ? column.name : identity;
         parts += definition(column);
@@ -105,7 +108,7 @@ void Translator::createIndex(const CreateIndex& create) {
     for (const QString& column : create.columns) {
         const CatalogColumn* known = table.column(column);
         if (!known) {
-            throw serverError(1911, u"Column name '%1' does not exist in the target table or view."_s.arg(column));
+            throw serverError(server_error::NoColumnToIndex, {column});
         }
         columns += quoted(known->name);
     }
@@ -117,9 +120,7 @@ void Translator::createIndex(const CreateIndex& create) {
 void Translator::dropTable(const DropTable& drop) {
     const CatalogTable* table = catalog_.find(drop.table);
     if (!table) {
-        throw serverError(
-            server_error::CannotDrop,
-            u"Cannot drop the table '%1', because it does not exist or you do not have permission."_s.arg(drop.table));
+        throw serverError(server_error::CannotDrop, {drop.table});
     }
     out_.definitions.push_back((u"DROP TABLE "_s + quoted(table->name)).toUtf8());
 }

@@ -14,8 +14,8 @@ QString unnamed(std::size_t position) {
     return u"?"_s + QString::number(position);
 }
 
-/// Whether `select` just reads rows of one table. Without an order of its own it then gives them as they were stored,
-/// which the questions of a paper rely on: an index must not lead it elsewhere.
+/// Whether `select` just reads rows of one table. Without an order of its own it then gives them as they were stored:
+/// where a reader takes the first of several rows, no index may lead it to another one from one day to the next.
 bool readsStoredRows(const Select& select) {
     return select.from.size() == 1 && !select.from[0].derived && !select.distinct && select.top < 0 &&
            select.groupBy.empty() && std::all_of(select.items.begin(), select.items.end(), [](const SelectItem& item) {
@@ -84,11 +84,8 @@ void Translator::star(const SelectItem& item, const Scope& scope, Rows& rows, QS
         }
     }
     if (!found) {
-        throw item.starOf.isEmpty()
-            ? serverError(263, u"Must specify table to select from."_s)
-            : serverError(107,
-                          u"The column prefix '%1' does not match with a table name or alias name used in the "
-                          "query."_s.arg(item.starOf));
+        throw item.starOf.isEmpty() ? serverError(server_error::NoTableToSelectFrom)
+                                    : serverError(server_error::UnknownPrefix, {item.starOf});
     }
 }
 
@@ -118,8 +115,7 @@ QString Translator::source(const Source& source, Scope& scope) {
         range.columns = std::move(rows.columns);
         for (std::size_t i = 0; i < range.columns.size(); ++i) {
             if (range.columns[i].name.startsWith(u'?')) {
-                throw serverError(8155, u"No column name was specified for column %1 of '%2'."_s.arg(
-                                            QString::number(i + 1), source.alias));
+                throw serverError(server_error::NamelessDerivedColumn, {source.alias, QString::number(i + 1)});
             }
         }
         sql = u'(' + rows.sql + u')';
@@ -136,16 +132,13 @@ QString Translator::source(const Source& source, Scope& scope) {
 void Translator::selectInto(const Query& query) {
     const QString& name = query.select.into;
     if (catalog_.find(name)) {
-        throw serverError(server_error::ObjectExists,
-                          u"There is already an object named '%1' in the database."_s.arg(name));
+        throw serverError(server_error::ObjectExists, {name});
     }
     const Rows rows = this->query(query, nullptr);
     QStringList columns;
     for (const Column& column : rows.columns) {
         if (column.name.startsWith(u'?')) {
-            throw serverError(1038,
-                              u"An object or column name is missing or empty. For SELECT INTO statements, verify "
-                              "each column has a name."_s);
+            throw serverError(server_error::NamelessColumn);
         }
         columns += columnSql(column.name, column.type);
     }

@@ -217,8 +217,7 @@ QStringList Translator::otherArms(const Update& update, const Rescoring& rescori
         named += as(value(*args[i], stored), Kind::Text);
     }
     const QString others = differentValues(rescoring, *rescoring.answer, ownConditions(update, rescoring, stored)) +
-                           u" AND \"value\" COLLATE "_s + QLatin1StringView(collationName) + u" NOT IN ("_s +
-                           named.join(u", "_s) + u')';
+                           u" AND "_s + collated(u"\"value\""_s) + u" NOT IN ("_s + named.join(u", "_s) + u')';
     // Written so, not as "is not null", a range of the index answers it.
     const QString differs = score + u" >= -9e999"_s;
     const QString rows = u"SELECT "_s + target + u".rowid AS \"row\", NULL AS \"score\" FROM "_s;

@@ -1,4 +1,3 @@
-#include "platform/database/embedded/collation.h"
 #include "platform/database/embedded/server_error.h"
 #include "platform/database/embedded/translator.h"
 
@@ -10,11 +9,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString collate = u" COLLATE "_s + QLatin1StringView(collationName);
-
-/// Where values of two kinds meet, the kind that both become.
-Kind common(Kind a, Kind b) {
-    return std::max(a, b);
+/// The server's word for an operator in its messages.
+QString operatorWord(const QString& symbol) {
+    return symbol == "*"_L1 ? u"multiply"_s : symbol == "-"_L1 ? u"subtract"_s : u"add"_s;
 }
 
 }  // namespace
@@ -64,7 +61,7 @@ Translator::Piece Translator::column(const Expression& e, const Scope& scope) co
                     continue;
                 }
                 if (found) {
-                    throw serverError(server_error::AmbiguousColumn, u"Ambiguous column name '%1'."_s.arg(e.name));
+                    throw serverError(server_error::AmbiguousColumn, {e.name});
                 }
                 found = &column;
                 in = &range;
@@ -75,24 +72,25 @@ Translator::Piece Translator::column(const Expression& e, const Scope& scope) co
         }
     }
     if (!qualifierKnown) {
-        throw serverError(4104, u"The multi-part identifier \"%1.%2\" could not be bound."_s.arg(e.qualifier, e.name));
+        throw serverError(server_error::UnboundName, {e.qualifier + u'.' + e.name});
     }
-    throw serverError(server_error::InvalidColumn, u"Invalid column name '%1'."_s.arg(e.name));
+    throw serverError(server_error::InvalidColumn, {e.name});
 }
 
 Translator::Piece Translator::arithmetic(const Expression& e, const Scope& scope) {
     const Piece left = value(*e.args[0], scope);
-    const Piece right = value(*e.args[1], scope);
-    Kind kind = common(left.type.kind, right.type.kind);
+    const bool isSign = e.args.size() == 1;
+    const Piece right = isSign ? left : value(*e.args[1], scope);
+    Kind kind = std::max(left.type.kind, right.type.kind);
     if (kind == Kind::Text && e.name == "+"_L1) {
-        return {u'(' + as(left, kind) + u" || "_s + as(right, kind) + u')' + collate, {Kind::Text}, true};
+        return {collated(u'(' + as(left, kind) + u" || "_s + as(right, kind) + u')'), {Kind::Text}, true};
     }
     if (kind == Kind::Text || kind == Kind::DateTime) {
-        throw serverError(8117,
-                          u"Operand data type %1 is invalid for the operator '%2'."_s.arg(typeWord(kind), e.name));
+        throw serverError(server_error::InvalidOperand, {typeWord(kind), isSign ? u"minus"_s : operatorWord(e.name)});
     }
-    kind = kind < Kind::Int ? Kind::Int : kind;
-    const QString sql = u'(' + as(left, kind) + u' ' + e.name + u' ' + as(right, kind) + u')';
+    kind = std::max(kind, Kind::Int);
+    const QString before = isSign ? QString() : as(left, kind) + u' ';
+    const QString sql = u'(' + before + e.name + u' ' + as(right, kind) + u')';
     // SQLite goes on in 64 bits or in floating point where T-SQL overflows.
     return {kind == Kind::Real ? sql : u"tsql_"_s + typeWord(kind) + sql, {kind}};
 }
@@ -104,7 +102,7 @@ Translator::Piece Translator::caseOf(const Expression& e, const Scope& scope) {
     SqlType result{Kind::Null, 0};
     const auto meet = [&result](const SqlType& type) {
         const bool unlimited = result.length == SqlType::Unlimited || type.length == SqlType::Unlimited;
-        result = {common(result.kind, type.kind),
+        result = {std::max(result.kind, type.kind),
                   unlimited ? SqlType::Unlimited : std::max(result.length, type.length)};
     };
     std::vector<Piece> results;
@@ -130,7 +128,7 @@ Translator::Piece Translator::caseOf(const Expression& e, const Scope& scope) {
         sql += u" ELSE "_s + as(results.back(), result.kind);
     }
     sql = u'(' + sql + u" END)"_s;
-    return result.isText() ? Piece{sql + collate, result, true} : Piece{sql, result};
+    return result.isText() ? Piece{collated(sql), result, true} : Piece{sql, result};
 }
 
 Translator::Piece Translator::castTo(const Expression& e, const Scope& scope) {
@@ -141,7 +139,7 @@ Translator::Piece Translator::castTo(const Expression& e, const Scope& scope) {
     }
     const QString cut =
         e.type.length == SqlType::Unlimited ? sql : u"tsql_cut(%1, %2)"_s.arg(sql, QString::number(e.type.length));
-    return {u'(' + cut + u')' + collate, e.type, true};
+    return {collated(u'(' + cut + u')'), e.type, true};
 }
 
 QString Translator::parameter(const Expression& literal, SqlType target) {

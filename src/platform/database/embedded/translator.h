@@ -13,6 +13,8 @@ namespace talvora::embedded {
 
 /// `name` as SQLite takes it, whatever characters it holds.
 QString quoted(const QString& name);
+/// `sql`, which gives a text, under the one collation of the engine.
+QString collated(const QString& sql);
 /// How a column stands in a create table.
 QString columnSql(const QString& name, const SqlType& type);
 

@@ -63,7 +63,8 @@ class OdbcDriver final : public Driver {
 std::unique_ptr<Driver> openOdbc(const ConnectionParts& parts, int timeoutSeconds) {
     const QString driver = odbc::bestDriver(odbc::installedDrivers());
     if (driver.isEmpty()) {
-        throw DatabaseError(0, u"No ODBC driver for SQL Server is installed"_s, u"IM002"_s);
+        throw DatabaseError(0, u"本机没有安装 SQL Server 的 ODBC 驱动程序，请先安装“ODBC Driver 18 for SQL Server”！"_s,
+                            u"IM002"_s);
     }
     return openOdbcWith(odbc::driverConnectionString(driver, parts), timeoutSeconds);
 }

@@ -51,7 +51,7 @@ bool isWarning(const Record& record) {
 
 Handle::Handle() : type_(SQL_HANDLE_ENV), parent_(nullptr) {
     if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &handle_))) {
-        throw DatabaseError(0, u"ODBC is not available"_s, u"HY001"_s);
+        throw DatabaseError(0, u"本机的 ODBC 不能使用，请先安装 ODBC 驱动程序管理器！"_s, u"HY001"_s);
     }
     // The API takes this number in the place of a pointer.
     SQLSetEnvAttr(handle_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(std::uintptr_t{SQL_OV_ODBC3}), 0);
@@ -75,7 +75,7 @@ DatabaseError Handle::failure() const {
         std::erase_if(records, isWarning);
     }
     if (records.empty()) {
-        records.push_back({u"HY000"_s, 0, u"The ODBC driver gave no reason"_s});
+        records.push_back({u"HY000"_s, 0, u"ODBC 驱动程序没有说明原因。"_s});
     }
     QStringList words;
     int number = 0;

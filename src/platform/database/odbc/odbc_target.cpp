@@ -23,14 +23,18 @@ int microsoftVersion(const QString& driver) {
     return form.match(driver).captured(1).toInt();
 }
 
-void refuse(QLatin1StringView key, QLatin1StringView what) {
-    throw DatabaseError(0, u"The connection's %1 must not hold %2"_s.arg(key, what), u"IM012"_s);
+void refuse(QLatin1StringView key, const QString& what) {
+    const QString part = key == "UID"_L1        ? u"登录名"_s
+                         : key == "PWD"_L1      ? u"密码"_s
+                         : key == "DATABASE"_L1 ? u"数据库"_s
+                                                : u"服务器"_s;
+    throw DatabaseError(0, u"［%1］中不可有%2，请更改！"_s.arg(part, what), u"IM012"_s);
 }
 
 /// "key=value;", the value in braces where it would not stand alone.
 QString piece(QLatin1StringView key, const QString& value) {
     if (value.contains(QChar::Null)) {
-        refuse(key, "a NUL character"_L1);
+        refuse(key, u"空字符"_s);
     }
     static const QRegularExpression special(u"[;={}]|^\\s|\\s$"_s);
     if (!value.contains(special)) {
@@ -45,10 +49,10 @@ QString freeTdsPiece(QLatin1StringView key, const QString& value) {
     static const QRegularExpression special(u"^[{\\s]|;|\\s$"_s);
     const bool braced = value.contains(special);
     if (value.contains(QChar::Null)) {
-        refuse(key, "a NUL character"_L1);
+        refuse(key, u"空字符"_s);
     }
     if (braced && value.contains("};"_L1)) {
-        refuse(key, "the signs \"};\""_L1);
+        refuse(key, u"字样“};”"_s);
     }
     return braced ? key + "={"_L1 + value + "};"_L1 : key + u'=' + value + u';';
 }
@@ -74,7 +78,7 @@ QString freeTdsServer(const QString& dataSource) {
         return freeTdsPiece("SERVER"_L1, host + instance);
     }
     if (comma >= 0 && port.toUShort() == 0) {
-        throw DatabaseError(0, u"The server's port is no port number: %1"_s.arg(dataSource), u"08001"_s);
+        throw DatabaseError(0, u"［服务器］%1 中的端口不是端口号，请写作 主机,端口！"_s.arg(dataSource), u"08001"_s);
     }
     return freeTdsPiece("SERVER"_L1, host) + freeTdsPiece("PORT"_L1, comma < 0 ? u"1433"_s : port);
 }
