@@ -9,7 +9,6 @@
 #include "settings/coption.h"
 #include "testbank/cexamination.h"
 #include "testbank/ctestingtype.h"
-#include "toolkit/forms/quotes.h"
 
 #include <QLineEdit>
 #include <QTabBar>
@@ -169,7 +168,6 @@ bool frmTesting::passesChecks() {
         {!ui->cmbTypeName->text().startsWith(choosable), u"请选择一种具体的［测评类型］进行测评！"_s, ui->cmbTypeName},
         {ui->cmbExamNum->isEnabled() && ui->cmbExamNum->text().isEmpty(),
          u"所选测评类型尚未设置测评试卷，请换一种测评类型！"_s, ui->cmbExamNum},
-        {HasQuoteInText(*this), u"文本框中不可输入字符［'］！"_s, ui->txtName},
     };
     for (const auto& check : checks) {
         if (check.fails) {
@@ -177,7 +175,7 @@ bool frmTesting::passesChecks() {
             return false;
         }
     }
-    return true;
+    return !refusesQuotes(ui->txtName);
 }
 
 void frmTesting::cmdNew_Click() {

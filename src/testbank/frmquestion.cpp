@@ -2,7 +2,6 @@
 
 #include "platform/numbers.h"
 #include "platform/text.h"
-#include "toolkit/forms/quotes.h"
 
 namespace talvora {
 
@@ -54,7 +53,6 @@ bool frmQuestion::passesChecks() {
         // In a test a row is told to be an answer by these letters.
         {!name.isEmpty() && u"ABCDE"_s.contains(name.front()),
          u"［题目名称］中的第一个字符不能为［A、B、C、D、E］！"_s},
-        {HasQuoteInText(*this), u"文本框中不可输入字符［'］！"_s},
     };
     for (const auto& check : checks) {
         if (check.fails) {
@@ -62,7 +60,7 @@ bool frmQuestion::passesChecks() {
             return false;
         }
     }
-    return passesAnswerChecks();
+    return !refusesQuotes(ui->txtQuestionName) && passesAnswerChecks();
 }
 
 bool frmQuestion::passesAnswerChecks() {

@@ -3,7 +3,6 @@
 #include "core/data_routines.h"
 #include "platform/numbers.h"
 #include "toolkit/controls/date_field.h"
-#include "toolkit/forms/quotes.h"
 
 namespace talvora {
 
@@ -78,7 +77,6 @@ bool frmTypeChild::passesChecks() {
         {ui->txtTypeName->text().isEmpty(), u"请先输入［类型名称］！"_s, ui->txtTypeName},
         {ui->cmbResult1->text().isEmpty(), noWord, ui->cmbResult1},
         {ui->cmbResult2->text().isEmpty(), noWord, ui->cmbResult2},
-        {HasQuoteInText(*this), u"文本框中不可输入字符［'］！"_s, ui->txtTypeName},
     };
     for (const auto& check : checks) {
         if (check.fails) {
@@ -86,7 +84,7 @@ bool frmTypeChild::passesChecks() {
             return false;
         }
     }
-    return true;
+    return !refusesQuotes(ui->txtTypeName);
 }
 
 cTestingType frmTypeChild::record() const {

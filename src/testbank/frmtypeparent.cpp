@@ -2,7 +2,6 @@
 
 #include "core/data_routines.h"
 #include "testbank/ctestingtype.h"
-#include "toolkit/forms/quotes.h"
 
 namespace talvora {
 
@@ -36,8 +35,7 @@ void frmTypeParent::Command1_Click() {
         warn(u"请先输入［类型名称］！"_s, ui->txtName);
         return;
     }
-    if (HasQuoteInText(*this)) {
-        warn(u"文本框中不可输入字符［'］！"_s, ui->txtName);
+    if (refusesQuotes(ui->txtName)) {
         return;
     }
     // The description is only shown: an added row gets none, and an edit empties every other column of the row.

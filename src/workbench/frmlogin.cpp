@@ -10,7 +10,6 @@
 #include "results/ctesting.h"
 #include "settings/coption.h"
 #include "toolkit/forms/prompts.h"
-#include "toolkit/forms/quotes.h"
 #include "toolkit/look/icons.h"
 
 #include <QTimer>
@@ -74,8 +73,7 @@ void frmLogin::cmdCancel_Click() {
 }
 
 void frmLogin::cmdLogin_Click() {
-    if (HasQuoteInText(*this)) {
-        warn(u"文本框中不可输入字符［'］！"_s, ui->txtUserName);
+    if (refusesQuotes(ui->txtUserName)) {
         return;
     }
     bool found = false;

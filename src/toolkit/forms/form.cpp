@@ -3,6 +3,7 @@
 #include "toolkit/forms/form_events.h"
 #include "toolkit/forms/form_setup.h"
 #include "toolkit/forms/prompts.h"
+#include "toolkit/forms/quotes.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -137,6 +138,14 @@ void Form::releaseDefaults() {
 void Form::warn(const QString& text, QWidget* field) {
     MsgBox(text, vbExclamation);
     field->setFocus(Qt::OtherFocusReason);
+}
+
+bool Form::refusesQuotes(QWidget* field) {
+    const bool found = HasQuoteInText(*this);
+    if (found) {
+        warn(u"文本框中不可输入字符［'］！"_s, field);
+    }
+    return found;
 }
 
 void Form::showWindow(Qt::WindowModality modality) {

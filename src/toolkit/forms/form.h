@@ -92,6 +92,10 @@ class Form {
     /// The refusal of an input: a warning (style 48), then the focus on the field at fault.
     void warn(const QString& text, QWidget* field);
 
+    /// Whether the character ' stands in a text control (HasQuoteInText), which is then refused with the focus on
+    /// `field`, wherever the character is.
+    bool refusesQuotes(QWidget* field);
+
  private:
     struct Wait;
 
