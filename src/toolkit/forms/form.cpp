@@ -29,6 +29,12 @@ std::vector<std::function<void()>>& defaultReleases() {
     return releases;
 }
 
+Form* firstStandingAlone() {
+    const auto& forms = loadedForms();
+    const auto found = std::find_if(forms.begin(), forms.end(), [](const Form* form) { return form->standsAlone(); });
+    return found == forms.end() ? nullptr : *found;
+}
+
 // The window that a new one belongs to: the one in use, as long as it is on the screen.
 QWidget* ownerFor(const QWidget* window) {
     QWidget* owner = QApplication::activeModalWidget();
@@ -109,6 +115,12 @@ void Form::runUntilUnloaded() {
     waitUntil([this] { return !isLoaded(); });
 }
 
+void Form::runUntilNoneStandsAlone() {
+    while (Form* form = firstStandingAlone()) {
+        form->runUntilUnloaded();
+    }
+}
+
 const std::vector<Form*>& Form::loaded() {
     return loadedForms();
 }
@@ -120,12 +132,19 @@ Form* Form::of(const QWidget* window) {
 }
 
 void Form::dropAll() {
-    for (Wait* wait : waits()) {
-        wait->programEnded = true;
-        wait->loop.quit();
-    }
+    endProgramWaits();
     while (!loadedForms().empty()) {
         loadedForms().back()->drop();
+    }
+}
+
+void Form::dropDependent() {
+    endProgramWaits();
+    const std::vector<Form*> forms = loadedForms();
+    for (auto form = forms.rbegin(); form != forms.rend(); ++form) {
+        if (!(*form)->standsAlone()) {
+            (*form)->drop();
+        }
     }
 }
 
@@ -186,6 +205,13 @@ void Form::waitUntil(const std::function<bool()>& over) {
     std::erase(waits(), &wait);
     if (wait.programEnded) {
         throw ProgramEnded();
+    }
+}
+
+void Form::endProgramWaits() {
+    for (Wait* wait : waits()) {
+        wait->programEnded = true;
+        wait->loop.quit();
     }
 }
 
