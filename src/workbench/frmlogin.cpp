@@ -12,8 +12,6 @@
 #include "toolkit/forms/prompts.h"
 #include "toolkit/look/icons.h"
 
-#include <QTimer>
-
 namespace talvora {
 
 using namespace Qt::StringLiterals;
@@ -57,8 +55,6 @@ void frmLogin::optType_Click() {
     ui->cmdCancel->show();
     QLineEdit* first = selfService ? ui->txtID : ui->txtUserName;
     first->setFocus();
-    // An arrow key puts the focus on the option once more after this click.
-    QTimer::singleShot(0, first, [first] { first->setFocus(); });
     if (selfService) {
         ui->txtID->clear();
         ui->txtName->clear();

@@ -13,6 +13,9 @@ using namespace talvora::test;
 
 namespace {
 
+/// The icon and the buttons beside a window's title.
+constexpr int titleBarParts = 100;
+
 /// The boxes that the program itself shows.
 class BoxTest : public WindowTest {
  protected:
@@ -52,6 +55,7 @@ TEST_F(BoxTest, StylesGiveButtonsAndDefault) {
     for (const Case& one : cases) {
         whenUp<QMessageBox>([&](QMessageBox& box) {
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(titleText()) + titleBarParts) << one.style;
             QStringList captions;
             for (const auto* button : box.findChildren<QPushButton*>()) {
                 captions << button->text();
@@ -68,6 +72,7 @@ TEST_F(BoxTest, StylesGiveButtonsAndDefault) {
 TEST_F(BoxTest, InputBoxGivesNothingWhenCancelled) {
     whenUp<QInputDialog>([](QInputDialog& dialog) {
         EXPECT_EQ(dialog.textValue(), u"旧"_s);
+        EXPECT_GT(dialog.width(), dialog.fontMetrics().horizontalAdvance(titleText()) + titleBarParts);
         EXPECT_TRUE(dialog.findChild<QPushButton*>()->icon().isNull()) << "unlike the buttons of the message boxes";
         retype(dialog.findChild<QLineEdit*>(), u"十二个字的说明太长了啊"_s);
         dialog.accept();

@@ -3,6 +3,7 @@
 #include "toolkit/look/icons.h"
 
 #include <QStyleOption>
+#include <QTabBar>
 
 namespace talvora {
 
@@ -15,6 +16,12 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     switch (element) {
         case PE_IndicatorRadioButton:
             drawMark(u"radio"_s, *option, *painter);
+            break;
+        case PE_FrameFocusRect:
+            // The style sheet gives a tab with the focus its border; a second box within it would be one too many.
+            if (!qobject_cast<const QTabBar*>(widget)) {
+                QProxyStyle::drawPrimitive(element, option, painter, widget);
+            }
             break;
         case PE_IndicatorCheckBox:
         case PE_IndicatorItemViewItemCheck:
