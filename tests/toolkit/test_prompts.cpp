@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -66,6 +67,18 @@ TEST_F(BoxTest, StylesGiveButtonsAndDefault) {
             press(one.key, one.key == Qt::Key_Y ? Qt::AltModifier : Qt::NoModifier);
         });
         EXPECT_EQ(MsgBox(u"<b>［'］！"_s, one.style), one.result) << one.style;
+    }
+}
+
+TEST_F(BoxTest, LongWordsAreShownWhole) {
+    for (const int sentences : {1, 2, 9}) {
+        whenUp<QMessageBox>([](QMessageBox& box) {
+            auto* words = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+            EXPECT_GE(words->height(), words->wordWrap() ? words->heightForWidth(words->width()) : 1);
+            EXPECT_TRUE(words->wordWrap() || words->width() >= words->sizeHint().width());
+            press(Qt::Key_Return);
+        });
+        MsgBox(u"没有找到可以打开工作簿的程序，请先保存为文件！"_s.repeated(sentences), vbExclamation);
     }
 }
 

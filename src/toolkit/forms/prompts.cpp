@@ -80,6 +80,15 @@ void setIcon(QMessageBox& box, int style) {
     }
 }
 
+// A box sizes itself by its words alone. Words wider than the title set no limit, so that the box may wrap them.
+void widenForTitle(QMessageBox& box) {
+    const int width = widthOfTitle(box.windowTitle()) - MessageIconSize;
+    auto* words = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+    if (words && words->sizeHint().width() < width) {
+        words->setMinimumWidth(width);
+    }
+}
+
 class ScreenPrompter : public Prompter {
  public:
     MsgBoxResult message(const QString& text, int style, const QString& title) override {
@@ -88,9 +97,7 @@ class ScreenPrompter : public Prompter {
         box.setTextFormat(Qt::PlainText);
         box.setText(text);
         setIcon(box, style);
-        if (auto* words = box.findChild<QLabel*>(u"qt_msgbox_label"_s)) {
-            words->setMinimumWidth(widthOfTitle(title) - MessageIconSize);
-        }
+        widenForTitle(box);
         const auto buttons = buttonsOf(style);
         for (const Button& button : buttons) {
             box.addButton(button.button)->setText(button.caption);

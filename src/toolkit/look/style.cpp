@@ -3,7 +3,6 @@
 #include "toolkit/look/icons.h"
 
 #include <QStyleOption>
-#include <QTabBar>
 
 namespace talvora {
 
@@ -18,10 +17,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
             drawMark(u"radio"_s, *option, *painter);
             break;
         case PE_FrameFocusRect:
-            // The style sheet gives a tab with the focus its border; a second box within it would be one too many.
-            if (!qobject_cast<const QTabBar*>(widget)) {
-                QProxyStyle::drawPrimitive(element, option, painter, widget);
-            }
+            // The style sheet gives what has the focus its border; a second box within it would be one too many.
             break;
         case PE_IndicatorCheckBox:
         case PE_IndicatorItemViewItemCheck:
