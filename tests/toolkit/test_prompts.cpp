@@ -70,6 +70,10 @@ TEST_F(BoxTest, StylesGiveButtonsAndDefault) {
     }
 }
 
+TEST(OwnWords, StandInForThoseOfTheToolkit) {
+    EXPECT_EQ(QCoreApplication::translate("QFileSystemModel", "Size"), u"大小"_s);
+}
+
 TEST_F(BoxTest, LongWordsAreShownWhole) {
     for (const int sentences : {1, 2, 9}) {
         whenUp<QMessageBox>([](QMessageBox& box) {
