@@ -4,7 +4,6 @@
 #include "access/cmodule.h"
 #include "access/crole.h"
 #include "toolkit/forms/prompts.h"
-#include "toolkit/forms/quotes.h"
 
 #include <algorithm>
 
@@ -129,8 +128,7 @@ void frmRole::Command1_Click() {
         warn(u"一个角色至少要选择一个［模块］或［功能］权！"_s, ui->tvTreeView);
         return;
     }
-    if (HasQuoteInText(*this)) {
-        warn(u"文本框中不可输入字符［'］！"_s, ui->txtRoleName);
+    if (refusesQuotes(ui->txtRoleName)) {
         return;
     }
     if (AddMode) {

@@ -9,7 +9,6 @@
 #include "settings/coption.h"
 #include "testbank/cexamination.h"
 #include "testbank/ctestingtype.h"
-#include "toolkit/forms/quotes.h"
 
 #include <QLineEdit>
 #include <QTabBar>
@@ -179,10 +178,7 @@ bool frmTesting::passesChecks() {
     if (ui->cmbExamNum->isEnabled() && ui->cmbExamNum->text().isEmpty()) {
         return refuse(u"所选测评类型尚未设置测评试卷，请换一种测评类型！"_s, ui->cmbExamNum);
     }
-    if (HasQuoteInText(*this)) {
-        return refuse(u"文本框中不可输入字符［'］！"_s, ui->txtName);
-    }
-    return true;
+    return !refusesQuotes(ui->txtName);
 }
 
 void frmTesting::cmdNew_Click() {

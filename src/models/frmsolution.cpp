@@ -6,7 +6,6 @@
 #include "platform/numbers.h"
 #include "platform/text.h"
 #include "toolkit/controls/date_field.h"
-#include "toolkit/forms/quotes.h"
 
 #include <QToolButton>
 
@@ -137,11 +136,7 @@ bool frmSolution::passesChecks() {
         }
     }
     // The position is not covered, which is meant.
-    if (HasQuoteInText(*this)) {
-        warn(u"文本框中不可输入字符［'］！"_s, ui->txtSolution);
-        return false;
-    }
-    return true;
+    return !refusesQuotes(ui->txtSolution);
 }
 
 cSolution frmSolution::head() const {

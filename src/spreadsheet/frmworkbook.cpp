@@ -2,6 +2,7 @@
 
 #include "platform/runtime_error.h"
 #include "spreadsheet/frmpreview.h"
+#include "spreadsheet/sheet_folder.h"
 #include "spreadsheet/workbook_file.h"
 #include "toolkit/application/busy.h"
 #include "toolkit/forms/prompts.h"
@@ -12,7 +13,6 @@
 #include <QRegularExpression>
 #include <QShortcut>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QUrl>
 
@@ -55,15 +55,6 @@ bool save(const SheetPrinter& sheet, const QString& path) {
         MsgBox(fault, vbExclamation);
     }
     return fault.isEmpty();
-}
-
-/// A file name in a folder of its own, which goes with the program.
-QString temporaryPath(const QString& name) {
-    static const QTemporaryDir folder;
-    static int opened = 0;
-    const QString own = folder.filePath(QString::number(++opened));
-    QDir().mkpath(own);
-    return QDir(own).filePath(name);
 }
 
 }  // namespace
@@ -122,7 +113,7 @@ void frmWorkbook::cmdSave_Click() {
 }
 
 void frmWorkbook::cmdOpen_Click() {
-    const QString path = temporaryPath(fileNameOf(Title));
+    const QString path = SheetFolder::ofProgram().newPath(fileNameOf(Title));
     if (!save(*Sheet, path)) {
         return;
     }

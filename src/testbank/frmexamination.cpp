@@ -4,7 +4,6 @@
 #include "testbank/ctestingtype.h"
 #include "toolkit/controls/date_field.h"
 #include "toolkit/forms/prompts.h"
-#include "toolkit/forms/quotes.h"
 
 #include <QToolButton>
 
@@ -174,11 +173,7 @@ bool frmExamination::passesChecks() {
         warn(fault->words, fault->inWord ? static_cast<QWidget*>(fields.word) : fields.lower);
         return false;
     }
-    if (HasQuoteInText(*this)) {
-        warn(u"文本框中不可输入字符［'］！"_s, ui->cmbTestingType);
-        return false;
-    }
-    return true;
+    return !refusesQuotes(ui->cmbTestingType);
 }
 
 cExamination frmExamination::paper(const QString& status) const {

@@ -2,7 +2,6 @@
 
 #include "platform/numbers.h"
 #include "platform/text.h"
-#include "toolkit/forms/quotes.h"
 
 namespace talvora {
 
@@ -49,11 +48,7 @@ bool frmQuestion::passesChecks() {
         warn(u"［题目名称］中的第一个字符不能为［A、B、C、D、E］！"_s, ui->txtQuestionName);
         return false;
     }
-    if (HasQuoteInText(*this)) {
-        warn(u"文本框中不可输入字符［'］！"_s, ui->txtQuestionName);
-        return false;
-    }
-    return passesAnswerChecks();
+    return !refusesQuotes(ui->txtQuestionName) && passesAnswerChecks();
 }
 
 bool frmQuestion::passesAnswerChecks() {

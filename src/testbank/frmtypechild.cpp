@@ -3,7 +3,6 @@
 #include "core/data_routines.h"
 #include "platform/numbers.h"
 #include "toolkit/controls/date_field.h"
-#include "toolkit/forms/quotes.h"
 
 namespace talvora {
 
@@ -81,11 +80,7 @@ bool frmTypeChild::passesChecks() {
             return false;
         }
     }
-    if (HasQuoteInText(*this)) {
-        warn(u"文本框中不可输入字符［'］！"_s, ui->txtTypeName);
-        return false;
-    }
-    return true;
+    return !refusesQuotes(ui->txtTypeName);
 }
 
 cTestingType frmTypeChild::record() const {

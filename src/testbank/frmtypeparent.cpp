@@ -2,7 +2,6 @@
 
 #include "core/data_routines.h"
 #include "testbank/ctestingtype.h"
-#include "toolkit/forms/quotes.h"
 
 namespace talvora {
 
@@ -36,11 +35,7 @@ bool frmTypeParent::passesChecks() {
         warn(u"请先输入［类型名称］！"_s, ui->txtName);
         return false;
     }
-    if (HasQuoteInText(*this)) {
-        warn(u"文本框中不可输入字符［'］！"_s, ui->txtName);
-        return false;
-    }
-    return true;
+    return !refusesQuotes(ui->txtName);
 }
 
 void frmTypeParent::Command1_Click() {

@@ -10,10 +10,7 @@
 #include "results/ctesting.h"
 #include "settings/coption.h"
 #include "toolkit/forms/prompts.h"
-#include "toolkit/forms/quotes.h"
 #include "toolkit/look/icons.h"
-
-#include <QTimer>
 
 namespace talvora {
 
@@ -58,8 +55,6 @@ void frmLogin::optType_Click() {
     ui->cmdCancel->show();
     QLineEdit* first = selfService ? ui->txtID : ui->txtUserName;
     first->setFocus();
-    // An arrow key puts the focus on the option once more after this click.
-    QTimer::singleShot(0, first, [first] { first->setFocus(); });
     if (selfService) {
         ui->txtID->clear();
         ui->txtName->clear();
@@ -74,8 +69,7 @@ void frmLogin::cmdCancel_Click() {
 }
 
 void frmLogin::cmdLogin_Click() {
-    if (HasQuoteInText(*this)) {
-        warn(u"文本框中不可输入字符［'］！"_s, ui->txtUserName);
+    if (refusesQuotes(ui->txtUserName)) {
         return;
     }
     bool found = false;

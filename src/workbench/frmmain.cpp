@@ -66,11 +66,12 @@ void frmMain::Form_Load() {
     openFirstModule();
 }
 
-/// Every other window goes first, the latest before the earlier ones. The place of a minimised window is none.
+/// Every other window goes first, the latest before the earlier ones; but sheets are the user's and stay. The place of
+/// a minimised window is none.
 void frmMain::Form_Unload() {
     const std::vector<Form*> open = loaded();
     for (auto form = open.rbegin(); form != open.rend(); ++form) {
-        if (*form != this) {
+        if (*form != this && !(*form)->standsAlone()) {
             (*form)->Unload();
         }
     }

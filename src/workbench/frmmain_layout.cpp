@@ -1,4 +1,5 @@
 #include "platform/user_settings.h"
+#include "toolkit/forms/form_setup.h"
 #include "toolkit/forms/twips.h"
 #include "workbench/frmmain.h"
 
@@ -51,9 +52,8 @@ int ghostPlace(int pixels, int room, int margin) {
 /// Where a window opens that has no place yet: higher than wanted on a screen that would not show its lower edge.
 QPoint firstPlace(QSize window) {
     constexpr int wanted = toPixels(1000);
-    constexpr int titleBar = 40;
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    const QSize room = screen.size() - window - QSize(0, titleBar);
+    const QSize room = screen.size() - window - QSize(0, FrameAllowance.height());
     const QPoint last = screen.topLeft() + QPoint(room.width(), room.height());
     return {qMax(screen.x(), qMin(wanted, last.x())), qMax(screen.y(), qMin(wanted, last.y()))};
 }
@@ -101,19 +101,25 @@ void frmMain::showTime() {
     ui->pnlTime->setText(now.toString(u"HH:mm"_s));
 }
 
-/// The place of the first run holds as well where the one that was kept is on no screen any more.
+/// The place of the first run holds as well where the one that was kept is on no screen any more. A window that with
+/// its frame has become too large for the screen fills it.
 void frmMain::restorePlace() {
     constexpr int firstSize = 6500;
     const auto pixels = [](const QString& key, int preset) {
         return toPixels(GetSettingNumber(section(), key, preset));
     };
-    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
-    window()->setMinimumSize(QSize(toPixels(smallestWidth), toPixels(smallestHeight)).boundedTo(screen));
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const QSize largest = screen.size() - FrameAllowance;
+    window()->setMinimumSize(QSize(toPixels(smallestWidth), toPixels(smallestHeight)).boundedTo(largest));
     const QSize size(pixels(u"MainWidth"_s, firstSize), pixels(u"MainHeight"_s, firstSize));
-    window()->resize(size);
+    window()->resize(size.boundedTo(largest));
     const QPoint first = firstPlace(window()->size());
     const QPoint kept(pixels(u"MainLeft"_s, toTwips(first.x())), pixels(u"MainTop"_s, toTwips(first.y())));
-    window()->move(isWithinReach(QRect(kept, window()->size())) ? kept : first);
+    if (size.boundedTo(largest) != size) {
+        window()->move(screen.topLeft());
+    } else {
+        window()->move(isWithinReach(QRect(kept, window()->size())) ? kept : first);
+    }
 }
 
 void frmMain::savePlace() {

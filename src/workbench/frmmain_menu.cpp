@@ -53,7 +53,7 @@ void frmMain::mnuRoles_Click() {
     openModule(u"Roles"_s);
 }
 
-// At once: the window's place is not saved on this way, which is meant.
+// At once: the window's place is not saved on this way, which is meant. Only open sheets stay.
 void frmMain::mnuExit_Click() {
     endProgram(ProgramEnd::Orderly);
 }

@@ -1,6 +1,7 @@
 #include "core/mdlpublic.h"
 #include "toolkit/application/application.h"
 #include "toolkit/application/last_resort.h"
+#include "toolkit/forms/form.h"
 #include "workbench/main_routine.h"
 
 int main(int argc, char** argv) {
@@ -13,7 +14,8 @@ int main(int argc, char** argv) {
             talvora::cnnPublic.Abandon();
         }
     });
-    const int code = application.run(talvora::Main);
+    application.run(talvora::Main);
     talvora::cnnPublic.Close();
-    return code;
+    // Sheets that are still open are the user's, and need no session.
+    return application.run(talvora::Form::runUntilNoneStandsAlone);
 }

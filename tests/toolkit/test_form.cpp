@@ -3,10 +3,13 @@
 #include "tests/toolkit/frmsample.h"
 #include "toolkit/application/application.h"
 #include "toolkit/application/last_resort.h"
+#include "toolkit/forms/form_setup.h"
 #include "toolkit/forms/quotes.h"
 
 #include <QApplication>
+#include <QLayout>
 #include <QScreen>
+#include <QWheelEvent>
 #include <QWindow>
 #include <gmock/gmock.h>
 
@@ -59,6 +62,7 @@ TEST_F(FormTest, RefusesASecondShowingAndAFailedLoad) {
 
 TEST_F(FormTest, EnterMovesOnLikeTabAndEscapePressesTheCancelButton) {
     form.Show();
+    form.ui->optAnd->setChecked(true);
     form.ui->lstType->addItems({u"甲"_s, u"乙"_s});
     form.ui->cmbSex->AddItem(u"男"_s);
     int pressed = 0;
@@ -101,6 +105,101 @@ TEST_F(FormTest, LooksAndWarnsAsEveryWindowDoes) {
     form.warn(u"［薪资范围］输入不合法，请重新输入！"_s, form.ui->cmbSalary);
     EXPECT_EQ(script.last().style, 48);
     EXPECT_EQ(focused(), form.ui->cmbSalary);
+}
+
+TEST_F(FormTest, IsPlacedAndScrollsSoThatAllIsInReach) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    form.Show();
+    QObject* fields = form.window()->layout()->itemAt(0)->layout();
+    EXPECT_TRUE(fields) << "nothing changes where it fits";
+    waitFor([this] { return form.window()->isActiveWindow(); });
+    form.window()->move(screen.bottomRight() - QPoint(100, 100));
+    frmInner& tall = frmInner::Default();
+    tall.Show();
+    EXPECT_EQ(QRect(tall.window()->pos(), tall.window()->size() + FrameAllowance).center(), screen.center())
+        << "there is no room over the first window";
+    tall.Unload();
+
+    tall.Load();
+    tall.ui->lstType->setMinimumHeight(screen.height());
+    tall.ui->cmbSalary->setFocus();
+    tall.Show();
+    QWidget* window = tall.window();
+    EXPECT_TRUE(screen.contains(QRect(window->pos(), window->size() + FrameAllowance)));
+    waitFor([&] { return window->isActiveWindow(); });
+    EXPECT_EQ(focused(), tall.ui->cmbSalary);
+    const auto isInSight = [](QWidget* control) {
+        bool inSight = true;
+        for (QWidget* around = control->parentWidget(); around; around = around->parentWidget()) {
+            inSight = inSight && around->rect().contains(QRect(control->mapTo(around, QPoint()), control->size()));
+        }
+        return inSight;
+    };
+    QString hidden;
+    for (int i = 0; i < 12; ++i) {
+        // Of what may be higher than the view, the row or the line with the cursor is enough.
+        if (!isInSight(focused()) && focused() != tall.ui->lstType && focused() != tall.ui->txtNote) {
+            hidden += focused()->objectName() + u' ';
+        }
+        EXPECT_TRUE(isInSight(tall.ui->cmdOK)) << "the buttons stay";
+        press(Qt::Key_Tab);
+    }
+    EXPECT_EQ(hidden, QString());
+    tall.ui->txtNote->setFocus();
+    tall.ui->txtName->setFocus();
+    EXPECT_TRUE(isInSight(tall.ui->txtName));
+}
+
+TEST_F(FormTest, WheelChangesNoFieldWithoutTheFocus) {
+    form.Show();
+    form.ui->cmbSex->AddItem(u"男"_s);
+    form.ui->cmbSex->AddItem(u"女"_s);
+    form.ui->cmbSex->setListIndex(0);
+    form.ui->cmbSalary->AddItem(u"面议"_s);
+    form.ui->txtName->setFocus();
+    const QDate date = form.ui->dtpDate->date();
+    // The notch on what lies under the mouse in the middle of the field; whether it was used.
+    const auto turn = [](QWidget* field, int notch) {
+        QWidget* under = field->childAt(field->rect().center());
+        QWidget* target = under ? under : field;
+        const QPointF middle = target->rect().center();
+        QWheelEvent wheel(middle, target->mapToGlobal(middle), {}, QPoint(0, notch), Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(target, &wheel);
+        return wheel.isAccepted();
+    };
+    for (QWidget* field : {static_cast<QWidget*>(form.ui->cmbSex), static_cast<QWidget*>(form.ui->cmbSalary),
+                           static_cast<QWidget*>(form.ui->dtpDate), static_cast<QWidget*>(form.ui->updTime)}) {
+        EXPECT_FALSE(turn(field, -120)) << field->objectName().toStdString() << " keeps it from what scrolls";
+        EXPECT_NE(field->focusPolicy() & Qt::WheelFocus, Qt::WheelFocus) << field->objectName().toStdString();
+    }
+    EXPECT_EQ(form.ui->cmbSex->ListIndex(), 0);
+    EXPECT_EQ(form.ui->cmbSalary->text(), QString());
+    EXPECT_EQ(form.ui->dtpDate->date(), date);
+    EXPECT_EQ(form.ui->updTime->value(), 0);
+    form.ui->cmbSex->setFocus();
+    waitFor([this] { return form.ui->cmbSex->hasFocus(); });
+    EXPECT_TRUE(turn(form.ui->cmbSex, -120));
+    EXPECT_EQ(form.ui->cmbSex->ListIndex(), 1);
+}
+
+TEST_F(FormTest, OptionsAreOneTabStopAndArrowsGoRound) {
+    form.Show();
+    form.ui->optAnd->setChecked(true);
+    form.ui->chkLocked->setFocus();
+    const auto chosen = [this] { return form.ui->optAnd->isChecked() ? u"And "_s : u"OR "_s; };
+    QString way;
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Right, Qt::Key_Down, Qt::Key_Left, Qt::Key_Up, Qt::Key_Right,
+                              Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Backtab, Qt::Key_Return}) {
+        press(key);
+        way += focused()->objectName() + u'/' + chosen();
+    }
+    EXPECT_EQ(way,
+              u"optAnd/And optOR/OR optAnd/And optOR/OR optAnd/And optOR/OR "
+              "lstType/OR optOR/OR chkLocked/OR optOR/OR "_s);
+    form.ui->optAnd->setEnabled(false);
+    press(Qt::Key_Left);
+    EXPECT_EQ(focused(), form.ui->optOR);
 }
 
 TEST_F(FormTest, ErrorThatLeavesAHandlerEndsTheProgram) {

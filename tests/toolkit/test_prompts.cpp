@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -12,6 +13,9 @@ using namespace talvora;
 using namespace talvora::test;
 
 namespace {
+
+/// The icon and the buttons beside a window's title.
+constexpr int titleBarParts = 100;
 
 /// The boxes that the program itself shows.
 class BoxTest : public WindowTest {
@@ -52,6 +56,7 @@ TEST_F(BoxTest, StylesGiveButtonsAndDefault) {
     for (const Case& one : cases) {
         whenUp<QMessageBox>([&](QMessageBox& box) {
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(titleText()) + titleBarParts) << one.style;
             QStringList captions;
             for (const auto* button : box.findChildren<QPushButton*>()) {
                 captions << button->text();
@@ -65,9 +70,26 @@ TEST_F(BoxTest, StylesGiveButtonsAndDefault) {
     }
 }
 
+TEST(OwnWords, StandInForThoseOfTheToolkit) {
+    EXPECT_EQ(QCoreApplication::translate("QFileSystemModel", "Size"), u"大小"_s);
+}
+
+TEST_F(BoxTest, LongWordsAreShownWhole) {
+    for (const int sentences : {1, 2, 9}) {
+        whenUp<QMessageBox>([](QMessageBox& box) {
+            auto* words = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+            EXPECT_GE(words->height(), words->wordWrap() ? words->heightForWidth(words->width()) : 1);
+            EXPECT_TRUE(words->wordWrap() || words->width() >= words->sizeHint().width());
+            press(Qt::Key_Return);
+        });
+        MsgBox(u"没有找到可以打开工作簿的程序，请先保存为文件！"_s.repeated(sentences), vbExclamation);
+    }
+}
+
 TEST_F(BoxTest, InputBoxGivesNothingWhenCancelled) {
     whenUp<QInputDialog>([](QInputDialog& dialog) {
         EXPECT_EQ(dialog.textValue(), u"旧"_s);
+        EXPECT_GT(dialog.width(), dialog.fontMetrics().horizontalAdvance(titleText()) + titleBarParts);
         EXPECT_TRUE(dialog.findChild<QPushButton*>()->icon().isNull()) << "unlike the buttons of the message boxes";
         retype(dialog.findChild<QLineEdit*>(), u"十二个字的说明太长了啊"_s);
         dialog.accept();

@@ -74,6 +74,16 @@ TEST_F(Login, PanelsClearTheirFieldsWhenChosen) {
     EXPECT_FALSE(locked.ui->optType1->isEnabled());
 }
 
+TEST_F(Login, TabReachesTheChosenEntryAndArrowsChooseTheOther) {
+    QString way;
+    for (const Qt::Key key : {Qt::Key_Backtab, Qt::Key_Right, Qt::Key_Backtab, Qt::Key_Right}) {
+        press(key);
+        way += focused()->objectName() + u' ';
+    }
+    EXPECT_EQ(way, u"optType0 txtID optType1 txtUserName "_s);
+    EXPECT_TRUE(login.ui->optType0->isChecked());
+}
+
 TEST_F(Login, RefusesWhoIsNotLetIn) {
     cnnPublic.Execute(u"insert into Users (UserName, Password, Locked) values ('locked', 'pw', 1)"_s);
     const QString wrong = u"［用户名］或［密码］错误，或当前用户已被锁定，请重新输入！"_s;

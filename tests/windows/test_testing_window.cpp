@@ -198,6 +198,9 @@ TEST_F(TestWindow, CountdownSubmitsWhatIsMarked) {
     waitFor([&] { return w.ui->cmdNew->isVisible(); });
     EXPECT_FALSE(w.Timer1->isActive());
     EXPECT_TRUE(w.ui->cmdStart->isEnabled()) << "only here it ends up enabled beside cmdNew";
+    w.ui->txtTestingResult->setFocus();
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), w.ui->cmdStart) << "from left to right";
     EXPECT_EQ(rowsOf(u"select SelectAnswer from TestingResultDetail order by ID"_s), u"B\n"_s);
 
     w.Timer1->setInterval(60000);

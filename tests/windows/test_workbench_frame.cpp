@@ -2,6 +2,7 @@
 #include "journey_bank.h"
 #include "platform/user_settings.h"
 #include "support/error_of.h"
+#include "toolkit/forms/form_setup.h"
 #include "toolkit/forms/twips.h"
 #include "workbench/frmabout.h"
 #include "workbench/frmmain.h"
@@ -112,6 +113,14 @@ TEST_F(Workbench, KeepsItsPlaceOnlyWhenClosedFromItsFrame) {
     SaveSetting(u"Settings"_s, u"MainLeft"_s, u"900000"_s);
     w.Show();
     EXPECT_EQ(w.window()->pos(), QPoint(800 - 760, toPixels(1000)));
+    w.window()->close();
+
+    // One that has become too large is put back with its frame within the screen.
+    for (const auto& key : {u"MainWidth"_s, u"MainHeight"_s}) {
+        SaveSetting(u"Settings"_s, key, QString::number(toTwips(800)));
+    }
+    w.Show();
+    EXPECT_EQ(QRect(w.window()->pos(), w.window()->size()), QRect(QPoint(), QSize(800, 800) - FrameAllowance));
 }
 
 TEST_F(Workbench, MovesItsSplittersWithinLimits) {

@@ -3,6 +3,7 @@
 #include "toolkit/forms/form.h"
 #include "toolkit/forms/prompts.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <utility>
 #include <vector>
@@ -34,12 +35,17 @@ Ending& ending() {
 }  // namespace
 
 void endProgram(ProgramEnd end) {
-    if (!ending().ender) {
+    const auto& forms = Form::loaded();
+    const bool usersStay = end == ProgramEnd::Orderly && std::any_of(forms.begin(), forms.end(), [](const Form* form) {
+                               return form->standsAlone();
+                           });
+    if (ending().ender) {
+        ending().errorShown = false;
+        ending().ender(end);
+    } else if (!usersStay) {
         leaveProcess(end);
     }
-    ending().errorShown = false;
-    ending().ender(end);
-    Form::dropAll();
+    usersStay ? Form::dropDependent() : Form::dropAll();
     throw ProgramEnded();
 }
 

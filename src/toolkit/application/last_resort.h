@@ -7,8 +7,8 @@
 
 namespace talvora {
 
-/// Leaves every interrupted handler after the program's end, where the process is kept alive: only under a
-/// replaced ender, that is in tests. The program itself never sees one.
+/// Leaves every interrupted handler after the program's end, where the process goes on: while windows of the user's own
+/// are open, and under a replaced ender, that is in tests.
 class ProgramEnded : public std::exception {
  public:
     const char* what() const noexcept override { return "the program has ended"; }
@@ -19,13 +19,17 @@ enum class ProgramEnd { Orderly, Failed };
 
 /// Ends the program at once, from wherever it is, with no unload events and no further statement of the handlers
 /// under way. What must still happen to the session is done by the callbacks of onProgramEnd.
+///
+/// An orderly end leaves open the windows that stand alone (Form::standsAlone), since they are the user's. Then the
+/// process goes on without the rest of the program: ProgramEnded takes the main routine to its end, and whoever called
+/// that waits for the last of those windows.
 [[noreturn]] void endProgram(ProgramEnd end);
 
-/// Has `callback` run when the program ends by endProgram. It must not throw.
+/// Has `callback` run when endProgram leaves the process. It must not throw.
 void onProgramEnd(std::function<void(ProgramEnd)> callback);
 
-/// Replaces what endProgram does (run the callbacks, leave the process). When `ender` returns, every window is
-/// dropped and ProgramEnded unwinds the handlers. An empty function brings the program's own back.
+/// Replaces how endProgram leaves the process (it runs the callbacks, and is gone). When `ender` returns, the windows
+/// are dropped and ProgramEnded unwinds the handlers. An empty function brings the program's own back.
 void setProgramEnder(std::function<void(ProgramEnd)> ender);
 
 /// The run-time's error box with the number and words of `error`; then the program ends.

@@ -26,7 +26,7 @@ class OwnWords : public QTranslator {
             {"&Undo", u"撤消(&U)"_s},    {"&Redo", u"重做(&R)"_s},      {"Cu&t", u"剪切(&T)"_s},
             {"&Copy", u"复制(&C)"_s},    {"&Paste", u"粘贴(&P)"_s},     {"Delete", u"删除"_s},
             {"Select All", u"全选"_s},   {"Select all", u"全选"_s},     {"&Select All", u"全选(&A)"_s},
-            {"&Step up", u"增加(&S)"_s}, {"Step &down", u"减少(&D)"_s},
+            {"&Step up", u"增加(&S)"_s}, {"Step &down", u"减少(&D)"_s}, {"Size", u"大小"_s},
         };
         return words.value(source);
     }

@@ -3,6 +3,7 @@
 #include "toolkit/forms/form_events.h"
 #include "toolkit/forms/form_setup.h"
 #include "toolkit/forms/prompts.h"
+#include "toolkit/forms/quotes.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -24,6 +25,12 @@ std::vector<Form*>& loadedForms() {
 std::vector<std::function<void()>>& defaultReleases() {
     static std::vector<std::function<void()>> releases;
     return releases;
+}
+
+Form* firstStandingAlone() {
+    const auto& forms = loadedForms();
+    const auto found = std::find_if(forms.begin(), forms.end(), [](const Form* form) { return form->standsAlone(); });
+    return found == forms.end() ? nullptr : *found;
 }
 
 // The window that a new one belongs to: the one in use, as long as it is on the screen.
@@ -106,6 +113,12 @@ void Form::runUntilUnloaded() {
     waitUntil([this] { return !isLoaded(); });
 }
 
+void Form::runUntilNoneStandsAlone() {
+    while (Form* form = firstStandingAlone()) {
+        form->runUntilUnloaded();
+    }
+}
+
 const std::vector<Form*>& Form::loaded() {
     return loadedForms();
 }
@@ -117,12 +130,19 @@ Form* Form::of(const QWidget* window) {
 }
 
 void Form::dropAll() {
-    for (Wait* wait : waits()) {
-        wait->programEnded = true;
-        wait->loop.quit();
-    }
+    endProgramWaits();
     while (!loadedForms().empty()) {
         loadedForms().back()->drop();
+    }
+}
+
+void Form::dropDependent() {
+    endProgramWaits();
+    const std::vector<Form*> forms = loadedForms();
+    for (auto form = forms.rbegin(); form != forms.rend(); ++form) {
+        if (!(*form)->standsAlone()) {
+            (*form)->drop();
+        }
     }
 }
 
@@ -135,6 +155,14 @@ void Form::releaseDefaults() {
 void Form::warn(const QString& text, QWidget* field) {
     MsgBox(text, vbExclamation);
     field->setFocus(Qt::OtherFocusReason);
+}
+
+bool Form::refusesQuotes(QWidget* field) {
+    const bool found = HasQuoteInText(*this);
+    if (found) {
+        warn(u"文本框中不可输入字符［'］！"_s, field);
+    }
+    return found;
 }
 
 void Form::showWindow(Qt::WindowModality modality) {
@@ -175,6 +203,13 @@ void Form::waitUntil(const std::function<bool()>& over) {
     std::erase(waits(), &wait);
     if (wait.programEnded) {
         throw ProgramEnded();
+    }
+}
+
+void Form::endProgramWaits() {
+    for (Wait* wait : waits()) {
+        wait->programEnded = true;
+        wait->loop.quit();
     }
 }
 

@@ -20,7 +20,8 @@ namespace talvora {
 ///
 /// The base gives what every window does: Enter in a field moves on like Tab (but not in a list with the property
 /// `keepsEnter`), required fields are pale yellow, a button with the property `cancel` answers Escape, the close box
-/// unloads, the window is centred over its owner and never larger than its screen.
+/// unloads, the window is centred over its owner and never larger than its screen. Where it does not fit its screen,
+/// all but its row of buttons (`layoutButtons`) scrolls.
 class Form {
  public:
     Form() = default;
@@ -48,6 +49,9 @@ class Form {
     /// Waits, the window being shown without a modal wait, until it has been unloaded.
     void runUntilUnloaded();
 
+    /// Waits until the user has closed the last of the windows that stand alone; returns at once where there is none.
+    static void runUntilNoneStandsAlone();
+
     bool isLoaded() const { return !window_.isNull(); }
 
     /// The window itself, nullptr when not loaded.
@@ -59,8 +63,15 @@ class Form {
     /// The form of a window, nullptr for a window that is none.
     static Form* of(const QWidget* window);
 
+    /// True for a window that is the user's own: it does not stay above the one that opened it, and it outlives all
+    /// others when the user ends the program.
+    virtual bool standsAlone() const { return false; }
+
     /// Drops every window with no unload events and ends every modal wait (see endProgram).
     static void dropAll();
+
+    /// The same, but windows that stand alone stay.
+    static void dropDependent();
 
     /// Destroys the default instances of all classes, fields and all, unloading nothing with events.
     static void releaseDefaults();
@@ -72,8 +83,6 @@ class Form {
     virtual void wire() {}
     virtual void Form_Load() {}
     virtual void Form_Unload() {}
-    /// True for a window that a user keeps beside the one that opened it. The others stay above their opener.
-    virtual bool standsAlone() const { return false; }
 
     /// Runs the member function `handler` at the signal. It may take fewer values than the signal carries. An error
     /// that leaves it goes to the last resort. The connection ends when the form is unloaded.
@@ -92,6 +101,10 @@ class Form {
     /// The refusal of an input: a warning (style 48), then the focus on the field at fault.
     void warn(const QString& text, QWidget* field);
 
+    /// Whether the character ' stands in a text control (HasQuoteInText), which is then refused with the focus on
+    /// `field`, wherever the character is.
+    bool refusesQuotes(QWidget* field);
+
  private:
     struct Wait;
 
@@ -106,6 +119,7 @@ class Form {
     void drop();
     void showWindow(Qt::WindowModality modality);
     void waitUntil(const std::function<bool()>& over);
+    static void endProgramWaits();
     static void endWaits(const Form* form);
     static std::vector<Wait*>& waits();
 

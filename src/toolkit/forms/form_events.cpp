@@ -1,6 +1,8 @@
 #include "toolkit/forms/form_events.h"
 
 #include "toolkit/forms/form.h"
+#include "toolkit/forms/radio_group.h"
+#include "toolkit/forms/scroll_body.h"
 
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
@@ -14,6 +16,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabBar>
 #include <QToolButton>
 
 namespace talvora {
@@ -62,6 +65,18 @@ bool enterPressed(QWidget& receiver) {
     return true;
 }
 
+// A wheel turned in passing changes nothing, nor does it take the focus along: over a field without the focus it is for
+// what scrolls around it.
+void refuseWheelFocus(QWidget& control) {
+    if (isOneOf<QComboBox, QAbstractSpinBox>(control) && control.focusPolicy() == Qt::WheelFocus) {
+        control.setFocusPolicy(Qt::StrongFocus);
+    }
+}
+
+bool isPassedBy(const QWidget& receiver) {
+    return isOneOf<QComboBox, QAbstractSpinBox, QTabBar>(receiver) && !receiver.hasFocus();
+}
+
 // Escape has come up from the focus to the window itself: nothing on the way wanted it.
 bool escapePressed(const QWidget& window) {
     const auto buttons = window.findChildren<QAbstractButton*>();
@@ -85,27 +100,44 @@ void FormEvents::install() {
 }
 
 bool FormEvents::eventFilter(QObject* receiver, QEvent* event) {
-    const auto type = event->type();
-    if ((type != QEvent::KeyPress && type != QEvent::Close && type != QEvent::Hide) || !receiver->isWidgetType()) {
+    if (!receiver->isWidgetType()) {
         return false;
     }
     auto& widget = *static_cast<QWidget*>(receiver);
-    if (type == QEvent::KeyPress) {
-        return keyPressed(widget, *static_cast<QKeyEvent*>(event));
+    switch (event->type()) {
+        case QEvent::KeyPress:
+            return keyPressed(widget, *static_cast<QKeyEvent*>(event));
+        case QEvent::Polish:
+            refuseWheelFocus(widget);
+            return false;
+        case QEvent::Wheel:
+            if (!isPassedBy(widget)) {
+                return false;
+            }
+            event->ignore();
+            return true;
+        case QEvent::FocusIn:
+            scrollIntoView(widget, static_cast<QFocusEvent*>(event)->reason());
+            return false;
+        case QEvent::Close:
+            return closed(widget, *event);
+        case QEvent::Hide:
+            if (Form* form = event->spontaneous() ? nullptr : Form::of(&widget)) {
+                Form::endWaits(form);
+            }
+            return false;
+        default:
+            return false;
     }
-    Form* form = Form::of(&widget);
-    if (!form) {
-        return false;
+}
+
+bool FormEvents::closed(const QWidget& window, QEvent& event) {
+    Form* form = Form::of(&window);
+    if (form) {
+        event.ignore();
+        guarded([&] { form->Unload(); });
     }
-    if (type == QEvent::Hide) {
-        if (!event->spontaneous()) {
-            Form::endWaits(form);
-        }
-        return false;
-    }
-    event->ignore();
-    guarded([&] { form->Unload(); });
-    return true;
+    return form != nullptr;
 }
 
 bool FormEvents::keyPressed(QWidget& receiver, const QKeyEvent& key) {
@@ -116,6 +148,12 @@ bool FormEvents::keyPressed(QWidget& receiver, const QKeyEvent& key) {
     }
     if (enter) {
         return enterPressed(receiver);
+    }
+    if (auto* option = qobject_cast<QRadioButton*>(&receiver)) {
+        if (const int step = optionStep(key.key())) {
+            chooseNeighbour(*option, step);
+            return true;
+        }
     }
     return key.key() == Qt::Key_Escape && receiver.isWindow() && escapePressed(receiver);
 }

@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+class QEvent;
 class QKeyEvent;
 class QWidget;
 
@@ -9,7 +10,8 @@ namespace talvora {
 
 class Form;
 
-/// What the windows of all forms have in common as to events: Enter, Escape, the close box and the end of a modal wait.
+/// What the windows of all forms have in common as to events: Enter, Escape, the arrows between options, the wheel over
+/// fields, the close box and the end of a modal wait.
 class FormEvents : public QObject {
  public:
     /// Makes sure that the application's events pass through here.
@@ -20,6 +22,7 @@ class FormEvents : public QObject {
  private:
     using QObject::QObject;
 
+    static bool closed(const QWidget& window, QEvent& event);
     static bool keyPressed(QWidget& receiver, const QKeyEvent& key);
 };
 

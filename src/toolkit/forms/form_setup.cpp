@@ -1,13 +1,17 @@
 #include "toolkit/forms/form_setup.h"
 
+#include "toolkit/forms/radio_group.h"
+#include "toolkit/forms/scroll_body.h"
 #include "toolkit/look/theme.h"
 
 #include <QAbstractItemView>
 #include <QGuiApplication>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QSet>
+#include <QStyle>
 #include <QTextEdit>
 
 #include <algorithm>
@@ -15,9 +19,6 @@
 namespace talvora {
 
 namespace {
-
-// What a window's frame and title bar take, where the platform has not told yet.
-constexpr QSize FrameAllowance(16, 40);
 
 // Whether the look of plain windows covers it.
 bool isPlain(const QWidget* control) {
@@ -45,27 +46,34 @@ void prepareControls(QWidget& window) {
             list->setTabKeyNavigation(false);
         } else if (auto* button = qobject_cast<QPushButton*>(control)) {
             button->setAutoDefault(false);
+        } else if (auto* option = qobject_cast<QRadioButton*>(control)) {
+            shareTabStop(*option);
         }
     }
 }
 
 void placeWindow(QWidget& window, const QWidget* owner) {
     const QRect room = (owner ? owner->screen() : QGuiApplication::primaryScreen())->availableGeometry();
+    const QSize largest = room.size() - FrameAllowance;
     window.ensurePolished();
     const bool hasPlace = window.testAttribute(Qt::WA_Moved);
     // Before anyone has sized it, a window has a size that fits no layout.
     const QSize designed = window.testAttribute(Qt::WA_Resized) ? window.size() : QSize(0, 0);
-    const QSize wanted = hasPlace ? window.size() : designed.expandedTo(window.sizeHint());
-    window.resize(wanted.boundedTo(room.size() - FrameAllowance));
+    QSize wanted = hasPlace ? window.size() : designed.expandedTo(window.sizeHint());
+    if (window.minimumSizeHint().boundedTo(largest) != window.minimumSizeHint()) {
+        makeScrollable(window);
+        const int scrollBar = window.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        wanted += QSize(scrollBar, scrollBar);
+    }
+    window.resize(wanted.boundedTo(largest));
     if (hasPlace) {
         return;
     }
     QRect frame(QPoint(), window.size() + FrameAllowance);
     frame.moveCenter(owner ? owner->frameGeometry().center() : room.center());
-    frame.moveRight(qMin(frame.right(), room.right()));
-    frame.moveBottom(qMin(frame.bottom(), room.bottom()));
-    frame.moveLeft(qMax(frame.left(), room.left()));
-    frame.moveTop(qMax(frame.top(), room.top()));
+    if (!room.contains(frame)) {
+        frame.moveCenter(room.center());
+    }
     window.move(frame.topLeft());
 }
 

@@ -5,11 +5,13 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
@@ -49,6 +51,14 @@ std::vector<Button> buttonsOf(int style) {
     }
 }
 
+// How wide a window must be for its title to be read whole beside the icon and the buttons of its title bar.
+int widthOfTitle(const QString& title) {
+    constexpr int iconAndButtons = 130;
+    QFont font = QApplication::font();
+    font.setBold(true);
+    return QFontMetrics(font).horizontalAdvance(title) + iconAndButtons;
+}
+
 // The icon's kind goes to the platform (its sound, its accessibility role), the picture is ours.
 void setIcon(QMessageBox& box, int style) {
     struct Kind {
@@ -70,6 +80,15 @@ void setIcon(QMessageBox& box, int style) {
     }
 }
 
+// A box sizes itself by its words alone. Words wider than the title set no limit, so that the box may wrap them.
+void widenForTitle(QMessageBox& box) {
+    const int width = widthOfTitle(box.windowTitle()) - MessageIconSize;
+    auto* words = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+    if (words && words->sizeHint().width() < width) {
+        words->setMinimumWidth(width);
+    }
+}
+
 class ScreenPrompter : public Prompter {
  public:
     MsgBoxResult message(const QString& text, int style, const QString& title) override {
@@ -78,6 +97,7 @@ class ScreenPrompter : public Prompter {
         box.setTextFormat(Qt::PlainText);
         box.setText(text);
         setIcon(box, style);
+        widenForTitle(box);
         const auto buttons = buttonsOf(style);
         for (const Button& button : buttons) {
             box.addButton(button.button)->setText(button.caption);
@@ -107,7 +127,7 @@ class ScreenPrompter : public Prompter {
         if (auto* line = dialog.findChild<QLineEdit*>()) {
             line->setMaxLength(maxLength);
         }
-        dialog.resize(InputWidth, dialog.sizeHint().height());
+        dialog.resize(std::max(InputWidth, widthOfTitle(title)), dialog.sizeHint().height());
         return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
     }
 

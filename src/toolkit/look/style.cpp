@@ -16,6 +16,9 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         case PE_IndicatorRadioButton:
             drawMark(u"radio"_s, *option, *painter);
             break;
+        case PE_FrameFocusRect:
+            // The style sheet gives what has the focus its border; a second box within it would be one too many.
+            break;
         case PE_IndicatorCheckBox:
         case PE_IndicatorItemViewItemCheck:
             drawMark(u"check"_s, *option, *painter);
