@@ -2,9 +2,9 @@
 
 #include "platform/runtime_error.h"
 #include "spreadsheet/frmpreview.h"
-#include "spreadsheet/sheet_folder.h"
 #include "spreadsheet/workbook_file.h"
 #include "toolkit/application/busy.h"
+#include "toolkit/application/private_folder.h"
 #include "toolkit/forms/prompts.h"
 
 #include <QDesktopServices>
@@ -113,7 +113,7 @@ void frmWorkbook::cmdSave_Click() {
 }
 
 void frmWorkbook::cmdOpen_Click() {
-    const QString path = SheetFolder::ofProgram().newPath(fileNameOf(Title));
+    const QString path = PrivateFolder::ofProgram().newPath(fileNameOf(Title));
     if (!save(*Sheet, path)) {
         return;
     }

@@ -1,7 +1,7 @@
 #include "workbench/main_routine.h"
 
 #include "core/mdlpublic.h"
-#include "spreadsheet/sheet_folder.h"
+#include "toolkit/application/private_folder.h"
 #include "toolkit/forms/prompts.h"
 #include "workbench/frmlogin.h"
 #include "workbench/frmmain.h"
@@ -19,7 +19,7 @@ void Main() {
     }
     frmLogin& login = frmLogin::Default();
     login.ShowModal();
-    SheetFolder::removeLeft();
+    PrivateFolder::removeLeft();
     if (!login.LoginPassed) {
         return;
     }

@@ -3,7 +3,7 @@
 #include "core/mdlpublic.h"
 #include "journey_bank.h"
 #include "spreadsheet/frmworkbook.h"
-#include "spreadsheet/sheet_folder.h"
+#include "toolkit/application/private_folder.h"
 #include "workbench/frmmain.h"
 
 #include <QDesktopServices>
@@ -59,10 +59,10 @@ TEST_F(ProgramEndTest, SheetsOutliveTheWorkbenchUntilTheyAreClosed) {
 }
 
 #ifdef Q_OS_UNIX
-class SheetFolderDeathTest : public WindowTest {
+class PrivateFolderDeathTest : public WindowTest {
  protected:
-    SheetFolderDeathTest() { qputenv("TMPDIR", QFile::encodeName(temporary_.path())); }
-    ~SheetFolderDeathTest() override { before_.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before_); }
+    PrivateFolderDeathTest() { qputenv("TMPDIR", QFile::encodeName(temporary_.path())); }
+    ~PrivateFolderDeathTest() override { before_.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before_); }
 
     /// Hands a sheet to another program, as the user does.
     static void openElsewhere() {
@@ -82,7 +82,7 @@ class SheetFolderDeathTest : public WindowTest {
     QTemporaryDir temporary_;
 };
 
-TEST_F(SheetFolderDeathTest, NothingStaysHoweverTheProgramEnds) {
+TEST_F(PrivateFolderDeathTest, NothingStaysHoweverTheProgramEnds) {
     // Each in a process of its own, which ends in the program's own way.
     const auto end = [](const std::function<void()>& how) {
         setProgramEnder({});
@@ -107,10 +107,10 @@ TEST_F(SheetFolderDeathTest, NothingStaysHoweverTheProgramEnds) {
     QDir(elsewhere.path()).mkdir(u"1"_s);
     QFile::link(elsewhere.path(), QDir::temp().filePath(u"talvora-sheets-link"_s));
     {
-        SheetFolder alive;
+        PrivateFolder alive;
         QFile file(alive.newPath(u"a.xlsx"_s));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.setPermissions(QFileDevice::ReadOwner));
-        SheetFolder::removeLeft();
+        PrivateFolder::removeLeft();
         EXPECT_TRUE(file.exists());
         EXPECT_EQ(left(), 2);
     }

@@ -1,4 +1,4 @@
-#include "spreadsheet/sheet_folder.h"
+#include "toolkit/application/private_folder.h"
 
 #include "toolkit/application/last_resort.h"
 
@@ -46,8 +46,8 @@ void removeSheets(const QString& folder) {
 
 }  // namespace
 
-SheetFolder& SheetFolder::ofProgram() {
-    static SheetFolder folder;
+PrivateFolder& PrivateFolder::ofProgram() {
+    static PrivateFolder folder;
     static const bool isRegistered = [] {
         onProgramEnd([](ProgramEnd) { folder.remove(); });
         return true;
@@ -57,7 +57,7 @@ SheetFolder& SheetFolder::ofProgram() {
 }
 
 // A folder without its lock is anyone's to remove, so another one is made where that has happened.
-bool SheetFolder::make() {
+bool PrivateFolder::make() {
     constexpr int attempts = 3;
     for (int attempt = 0; attempt < attempts; ++attempt) {
         QTemporaryDir made(QDir(QDir::tempPath()).filePath(namePrefix + u"XXXXXX"_s));
@@ -72,7 +72,7 @@ bool SheetFolder::make() {
     return false;
 }
 
-QString SheetFolder::newPath(const QString& name) {
+QString PrivateFolder::newPath(const QString& name) {
     if (path_.isEmpty() && !make()) {
         return {};
     }
@@ -80,7 +80,7 @@ QString SheetFolder::newPath(const QString& name) {
     return own.mkpath(u"."_s) ? own.filePath(name) : QString();
 }
 
-void SheetFolder::remove() {
+void PrivateFolder::remove() {
     if (path_.isEmpty()) {
         return;
     }
@@ -90,11 +90,11 @@ void SheetFolder::remove() {
     QDir().rmdir(std::exchange(path_, {}));
 }
 
-void SheetFolder::removeLeft() {
+void PrivateFolder::removeLeft() {
     const QDir temporary = QDir::temp();
     const auto left = temporary.entryInfoList({namePrefix + u'*'}, QDir::Dirs | QDir::NoSymLinks);
     for (const QFileInfo& folder : left) {
-        SheetFolder dead;
+        PrivateFolder dead;
         dead.alive_ = lockOf(folder.filePath());
         if (isOwn(folder) && dead.alive_->tryLock(0)) {
             dead.path_ = folder.filePath();

@@ -7,18 +7,18 @@
 
 namespace talvora {
 
-/// A temporary folder of this process alone, for sheets that are handed to other programs. Sheets name people, so none
-/// is left behind: the folder goes with the object, and what a killed process or an open file has kept from going is
-/// swept away by a later one.
-class SheetFolder {
+/// A temporary folder of this process alone, for files that are handed to other programs. They may name people (sheets
+/// do), so none is left behind: the folder goes with the object, and what a killed process or an open file has kept
+/// from going is swept away by a later one.
+class PrivateFolder {
  public:
-    SheetFolder() = default;
-    SheetFolder(const SheetFolder&) = delete;
-    SheetFolder& operator=(const SheetFolder&) = delete;
-    ~SheetFolder() { remove(); }
+    PrivateFolder() = default;
+    PrivateFolder(const PrivateFolder&) = delete;
+    PrivateFolder& operator=(const PrivateFolder&) = delete;
+    ~PrivateFolder() { remove(); }
 
     /// The one that goes with the program, whichever way it ends.
-    static SheetFolder& ofProgram();
+    static PrivateFolder& ofProgram();
 
     /// A path for a file of this name, in a folder of its own. Empty where no folder can be made.
     QString newPath(const QString& name);
