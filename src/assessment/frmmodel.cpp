@@ -10,7 +10,6 @@
 
 #include <QAbstractItemModel>
 #include <QHeaderView>
-#include <QLineEdit>
 
 namespace talvora {
 
@@ -32,9 +31,6 @@ void frmModel::wire() {
     Combo1 = new ComboBox(ui->fg1->viewport());
     Combo1->setObjectName(u"Combo1"_s);
     Combo1->setAccessibleName(u"测评试卷"_s);
-    // It shows any text, of its entries or not, but nobody types in it.
-    Combo1->setEditable(true);
-    Combo1->lineEdit()->setReadOnly(true);
     Combo1->hide();
     on(ui->fg1, &FlexGrid::Click, &frmModel::fg1_Click);
     // What moves its cell away takes the list with it; the next click brings it back.
@@ -101,12 +97,8 @@ void frmModel::fg1_Click() {
     // The list only shows what there is to draw from: choosing in it does not change the cell. A paper that is no
     // longer among them is shown all the same.
     const QString paper = ui->fg1->TextMatrix(row, col);
-    const int entry = Combo1->findText(paper);
-    if (entry >= 0) {
-        Combo1->setListIndex(entry);
-    } else {
-        Combo1->setText(paper);
-    }
+    Combo1->setPlaceholderText(paper);
+    Combo1->setListIndex(Combo1->findText(paper));
     Combo1->show();
 }
 

@@ -119,7 +119,7 @@ Status cExamination::Delete(qint16 ExaminationID) {
 
 cQuestions cExamination::GetQuestions(qint16 ExaminationID) {
     cQuestions found;
-    found.load(u"Select * from ExaminationQuestion where ExaminationID="_s + QString::number(ExaminationID));
+    found.FindBy(u"Select * from ExaminationQuestion where ExaminationID="_s + QString::number(ExaminationID));
     // The statement asks for no order, and a server gives the rows as the index lies by which it found them. A paper's
     // questions stand as they were stored, which their growing keys tell.
     std::vector<cQuestions::Pointer> stored(found.begin(), found.end());

@@ -25,11 +25,11 @@ void fill(cQuestion& question, const Row& row) {
 }  // namespace
 
 cQuestions& cQuestions::Find(qint16 ExaminationID) {
-    return load(u"Select * from ExaminationQuestion where ExaminationID="_s + QString::number(ExaminationID) +
-                u" Order by QuestionID"_s);
+    return FindBy(u"Select * from ExaminationQuestion where ExaminationID="_s + QString::number(ExaminationID) +
+                  u" Order by QuestionID"_s);
 }
 
-cQuestions& cQuestions::load(const QString& statement) {
+cQuestions& cQuestions::FindBy(const QString& statement) {
     Collection::load(statement, fill);
     return *this;
 }

@@ -53,7 +53,7 @@ class cQuestions : public Collection<cQuestion, NumberKey<&cQuestion::QuestionID
     cQuestions& Find(qint16 ExaminationID);
 
     /// Loads what a statement on ExaminationQuestion gives, in its order.
-    cQuestions& load(const QString& statement);
+    cQuestions& FindBy(const QString& statement);
 };
 
 }  // namespace talvora

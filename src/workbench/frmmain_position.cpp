@@ -55,6 +55,7 @@ void deletePosition(frmMain& main, int row) {
         return;
     }
     const Status status = cPosition::Delete(codeOf(*main.ui->fg, row));
+    // The records have no test for employees and never tell this one; its words stay, which is meant.
     if (status == Status::Dependants) {
         warn(u"存在该［职位］的员工,不能删除！"_s);
     } else if (status == Status::InUse) {
