@@ -35,7 +35,7 @@ std::vector<ColumnRule> makeRules() {
     }
     rules.push_back({u"题目"_s, true, 100, true});
     for (int answer = 0; answer < answerCount; ++answer) {
-        const bool isRequired = answer < 2;
+        const bool isRequired = answer < leastAnswerAmount;
         const QChar letter(static_cast<char16_t>(u'A' + answer));
         rules.push_back({u"答案"_s + letter, isRequired, 100, true});
         rules.push_back({u"分数"_s + letter, isRequired, 0});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "setup/import/csv.h"
+#include "testbank/cquestion.h"
 
 #include <array>
 
@@ -24,13 +25,13 @@ enum class Column {
     Band,
     Question = Band + 4 * 4,
     Answer,
-    Count = Answer + 2 * 5,
+    Count = Answer + 2 * mostAnswerAmount,
 };
 enum class BandPart { Lower, Upper, Word, Explanation };
 enum class AnswerPart { Text, Score };
 
 inline constexpr int bandCount = 4;
-inline constexpr int answerCount = 5;
+inline constexpr int answerCount = mostAnswerAmount;
 
 /// The column of a part of band `number`, counted from 1.
 constexpr Column bandColumn(int number, BandPart part) {

@@ -15,7 +15,6 @@ namespace {
 
 constexpr qint16 usualMinutes = 10;
 constexpr int mandatoryBands = 2;
-constexpr int fewestAnswers = 2;
 
 // Whether `text` is made of up to `most` of the ten plain digits. A full-width digit is none for the database.
 bool isWholeNumber(const QString& text, int most) {
@@ -134,7 +133,7 @@ ImportQuestion readQuestion(const ImportRow& row, ImportFaults& faults) {
         fault(u"［题目］中的第一个字符不能为［A、B、C、D、E］！"_s);
     }
     int used = answerCount;
-    while (used > fewestAnswers && row[answerColumn(used, AnswerPart::Text)].isEmpty() &&
+    while (used > leastAnswerAmount && row[answerColumn(used, AnswerPart::Text)].isEmpty() &&
            row[answerColumn(used, AnswerPart::Score)].isEmpty()) {
         --used;
     }

@@ -8,6 +8,7 @@
 #include "platform/numbers.h"
 #include "results/ctesting.h"
 #include "results/ctestingdetail.h"
+#include "testbank/cquestion.h"
 #include "testbank/ctestingtype.h"
 
 namespace talvora {
@@ -119,7 +120,7 @@ void TestingStore::insertDetails(double examination) {
             cnnPublic.Execute(u"select AnswerAmount from Examination where ExaminationID="_s + text(examination_));
         const int answers = papers.first().number32Or0("AnswerAmount");
         // A paper with another number of answers stores none, and says nothing about it.
-        if (answers >= 2 && answers <= static_cast<int>(detailAnswers.size())) {
+        if (answers >= leastAnswerAmount && answers <= mostAnswerAmount) {
             insertDetail(*detail, answers);
         }
     }

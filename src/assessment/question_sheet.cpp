@@ -15,7 +15,6 @@ namespace {
 
 constexpr int numberCol = 0;
 constexpr int textCol = 1;
-constexpr int mostAnswers = mostAnswerAmount;
 constexpr qsizetype labelLength = 3;  // letter, full-width stop, blank
 
 QChar letter(int answer) {
@@ -96,7 +95,7 @@ void QuestionSheet::toggle(int row) {
     for (int other = 0; other < answer; ++other) {
         unmark(row - answer + other);
     }
-    for (int other = answer + 1; other < mostAnswers; ++other) {
+    for (int other = answer + 1; other < mostAnswerAmount; ++other) {
         const int below = row + other - answer;
         // A B below an A is always there. For the others the bound leaves out the grid's very last row.
         const bool isB = other == 1;
@@ -116,7 +115,7 @@ cTestingDetails QuestionSheet::answers(const cTestings& sections) const {
         const qint16 amount = toInt16(leadingNumber(section->TestingDesc));
         for (int question = 0; question < section->ExamQuestions; ++question, row += amount + 1) {
             auto detail = std::make_shared<cTestingDetail>();
-            if (amount >= 2 && amount <= mostAnswers) {
+            if (amount >= leastAnswerAmount && amount <= mostAnswerAmount) {
                 detail->ID = row;
                 detail->ExaminationID = toInt16(section->ExaminationID);
                 detail->QuestionName = text(row);

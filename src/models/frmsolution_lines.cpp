@@ -3,6 +3,7 @@
 #include "models/frmsolution.h"
 #include "models/solution_grid.h"
 #include "models/solution_weights.h"
+#include "platform/runtime_error.h"
 #include "testbank/ctestingtype.h"
 #include "toolkit/forms/prompts.h"
 
@@ -58,9 +59,11 @@ void frmSolution::Toolbar1_ButtonClick(const QString& key) {
         {u"add1"_s, &frmSolution::add1}, {u"edit1"_s, &frmSolution::edit1}, {u"del1"_s, &frmSolution::del1},
         {u"add2"_s, &frmSolution::add2}, {u"edit2"_s, &frmSolution::edit2}, {u"del2"_s, &frmSolution::del2},
     };
-    if (const auto command = commands.value(key)) {
-        (this->*command)();
+    const auto command = commands.value(key);
+    if (command == nullptr) {
+        throw RuntimeError(errors::InvalidCall);
     }
+    (this->*command)();
 }
 
 void frmSolution::add1() {

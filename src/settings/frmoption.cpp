@@ -19,7 +19,7 @@ QString yesOrNo(const QCheckBox* box) {
 
 void frmOption::wire() {
     on(ui->cmdOK, &QPushButton::clicked, &frmOption::cmdOK_Click);
-    on(ui->cmdClose, &QPushButton::clicked, &frmOption::cmdClose_Click);
+    on(ui->cmdClose, &QPushButton::clicked, &frmOption::Unload);
 }
 
 void frmOption::Form_Load() {
@@ -73,10 +73,6 @@ void frmOption::cmdOK_Click() {
             return;
         }
     }
-    Unload();
-}
-
-void frmOption::cmdClose_Click() {
     Unload();
 }
 

@@ -13,7 +13,6 @@ class frmOption : public DesignedForm<frmOption, Ui::frmOption> {
 
  private:
     void cmdOK_Click();
-    void cmdClose_Click();
 };
 
 }  // namespace talvora

@@ -48,10 +48,11 @@ void frmLogin::Form_Load() {
 
 void frmLogin::optType_Click() {
     const bool selfService = ui->optType1->isChecked();
-    ui->FraLogin->setVisible(!selfService);
-    ui->FraDiy->setVisible(selfService);
-    ui->cmdLogin->setVisible(!selfService);
-    ui->cmdOK->setVisible(selfService);
+    // What goes, goes first: with both there for a moment the window would grow, and stay so.
+    (selfService ? ui->FraLogin : ui->FraDiy)->hide();
+    (selfService ? ui->cmdLogin : ui->cmdOK)->hide();
+    (selfService ? ui->FraDiy : ui->FraLogin)->show();
+    (selfService ? ui->cmdOK : ui->cmdLogin)->show();
     ui->cmdCancel->show();
     QLineEdit* first = selfService ? ui->txtID : ui->txtUserName;
     first->setFocus();

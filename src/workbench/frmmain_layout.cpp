@@ -1,3 +1,4 @@
+#include "platform/moment.h"
 #include "platform/user_settings.h"
 #include "toolkit/forms/form_setup.h"
 #include "toolkit/forms/twips.h"
@@ -97,7 +98,7 @@ void frmMain::wireLayout() {
 
 void frmMain::showTime() {
     const QDateTime now = QDateTime::currentDateTime();
-    ui->pnlDate->setText(now.toString(u"yyyy-MM-dd"_s));
+    ui->pnlDate->setText(dateText(now.date()));
     ui->pnlTime->setText(now.toString(u"HH:mm"_s));
 }
 

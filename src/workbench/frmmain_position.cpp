@@ -29,11 +29,11 @@ void addBeside(frmMain& main, int row) {
 
 void addUnder(frmMain& main, int row) {
     if (row < 0) {
-        warn(u"请选择或增加一个［一级职位］！"_s);
+        refuse(u"请选择或增加一个［一级职位］！"_s);
         return;
     }
     if (codeOf(*main.ui->fg, row).size() == longestCode) {
-        warn(u"最多允许10个层级，您不能再行增加［子职位］！"_s);
+        refuse(u"最多允许10个层级，您不能再行增加［子职位］！"_s);
         return;
     }
     frmPosition::Default().ChildMode = true;
@@ -42,7 +42,7 @@ void addUnder(frmMain& main, int row) {
 
 void edit(frmMain& main, int row) {
     if (row < 0) {
-        warn(u"请选择或增加一个［职位］！"_s);
+        refuse(u"请选择或增加一个［职位］！"_s);
         return;
     }
     openDialog(main, false, row);
@@ -51,15 +51,15 @@ void edit(frmMain& main, int row) {
 // Nothing is asked before, which is meant.
 void deletePosition(frmMain& main, int row) {
     if (row < 0) {
-        warn(u"已经没有或没选择拟删除的［职位］！"_s);
+        refuse(u"已经没有或没选择拟删除的［职位］！"_s);
         return;
     }
     const Status status = cPosition::Delete(codeOf(*main.ui->fg, row));
     // The records have no test for employees and never tell this one; its words stay, which is meant.
     if (status == Status::Dependants) {
-        warn(u"存在该［职位］的员工,不能删除！"_s);
+        refuse(u"存在该［职位］的员工,不能删除！"_s);
     } else if (status == Status::InUse) {
-        warn(u"该［职位］下还有［子职位］,不能删除！"_s);
+        refuse(u"该［职位］下还有［子职位］,不能删除！"_s);
     } else if (status == Status::Done) {
         refill(main);
         selectRow(*main.ui->fg, row);

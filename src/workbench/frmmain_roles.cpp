@@ -23,11 +23,11 @@ void add(frmMain& main) {
 void edit(frmMain& main, int row) {
     FlexGrid& list = *main.ui->fg;
     if (row < 0) {
-        warn(u"已经没有记录可以修改！"_s);
+        refuse(u"已经没有记录可以修改！"_s);
         return;
     }
     if (isSystemRole(list, row)) {
-        warn(u"［系统管理员］为系统角色，不能修改！"_s);
+        refuse(u"［系统管理员］为系统角色，不能修改！"_s);
         return;
     }
     frmRole& dialog = frmRole::Default();
@@ -40,11 +40,11 @@ void edit(frmMain& main, int row) {
 
 void deleteRole(FlexGrid& list, int row) {
     if (row < 0) {
-        warn(u"已经没有记录可以删除！"_s);
+        refuse(u"已经没有记录可以删除！"_s);
         return;
     }
     if (isSystemRole(list, row)) {
-        warn(u"［系统管理员］为系统角色，不能删除！"_s);
+        refuse(u"［系统管理员］为系统角色，不能删除！"_s);
         return;
     }
     if (!confirmed(u"您确定删除当前所选的［角色］吗？"_s)) {
@@ -56,7 +56,7 @@ void deleteRole(FlexGrid& list, int row) {
     if (status == Status::Done) {
         list.RemoveItem(row);
     } else if (status == referred) {
-        warn(u"所选角色已被其它用户引用，不能删除！"_s);
+        refuse(u"所选角色已被其它用户引用，不能删除！"_s);
     }
     selectRow(list, row);
 }

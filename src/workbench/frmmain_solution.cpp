@@ -19,7 +19,7 @@ void add(frmMain& main) {
 
 void edit(frmMain& main, int row) {
     if (row < 0) {
-        warn(u"已经没有记录或没选择拟修改的记录！"_s);
+        refuse(u"已经没有记录或没选择拟修改的记录！"_s);
         return;
     }
     frmSolution& dialog = frmSolution::Default();
@@ -31,7 +31,7 @@ void edit(frmMain& main, int row) {
 
 void deleteModel(FlexGrid& list, int row) {
     if (row < 0) {
-        warn(u"已经没有记录可以删除！"_s);
+        refuse(u"已经没有记录可以删除！"_s);
         return;
     }
     if (!confirmed(u"您确定删除当前所选的［素质模型］吗？"_s)) {

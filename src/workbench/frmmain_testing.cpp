@@ -19,14 +19,14 @@ namespace {
 
 void deleteTest(FlexGrid& list, int row) {
     if (row < 0) {
-        warn(u"已经没有记录可以删除！"_s);
+        refuse(u"已经没有记录可以删除！"_s);
         return;
     }
     if (!confirmed(u"您确定删除当前所选的［测评记录］吗？"_s)) {
         return;
     }
     if (list.IsSubtotal(row)) {
-        warn(u"不能删除测评类型！"_s);
+        refuse(u"不能删除测评类型！"_s);
         return;
     }
     cTesting::Delete(toInt32(list.TextMatrix(row, 0)));

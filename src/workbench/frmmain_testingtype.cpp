@@ -77,16 +77,16 @@ void edit(frmMain& main, int row) {
 bool deleteType(const QString& code) {
     const Status status = cTestingType::Delete(code);
     if (status == Status::Dependants) {
-        warn(u"该类型下还存在子类或试卷，不能删除！"_s);
+        refuse(u"该类型下还存在子类或试卷，不能删除！"_s);
     } else if (status == Status::Failed) {
-        warn(u"发生异常错误，删除不成功！"_s);
+        refuse(u"发生异常错误，删除不成功！"_s);
     }
     return status != Status::Dependants && status != Status::Failed;
 }
 
 void deleteTypeOrPaper(FlexGrid& list, int row) {
     if (row < 0) {
-        warn(u"已经没有记录可以删除！"_s);
+        refuse(u"已经没有记录可以删除！"_s);
         return;
     }
     if (!confirmed(u"您确定删除当前所选的［类型］或［试卷］吗？"_s)) {

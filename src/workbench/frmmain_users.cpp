@@ -29,7 +29,7 @@ void edit(frmMain& main, int row) {
     FlexGrid& list = *main.ui->fg;
     const bool ownOnly = !isAdmin(strCurrentUser);
     if (ownOnly ? list.Rows() == list.FixedRows() : row < 0) {
-        warn(u"已经没有记录可以修改！"_s);
+        refuse(u"已经没有记录可以修改！"_s);
         return;
     }
     if (ownOnly || isAdmin(list.TextMatrix(row, 1))) {
@@ -46,15 +46,15 @@ void edit(frmMain& main, int row) {
 
 void deleteUser(FlexGrid& list, int row) {
     if (row < 0) {
-        warn(u"已经没有记录可以删除！"_s);
+        refuse(u"已经没有记录可以删除！"_s);
         return;
     }
     if (isAdmin(list.TextMatrix(row, 1))) {
-        warn(u"［admin］为系统用户，不能删除！"_s);
+        refuse(u"［admin］为系统用户，不能删除！"_s);
         return;
     }
     if (!isAdmin(strCurrentUser)) {
-        warn(u"［"_s + strCurrentUser + u"］由系统用户创建，您无权删除！"_s);
+        refuse(u"［"_s + strCurrentUser + u"］由系统用户创建，您无权删除！"_s);
         return;
     }
     if (!confirmed(u"您确定删除当前所选的［用户］吗？"_s)) {

@@ -31,7 +31,7 @@ qint16 keyOf(const FlexGrid& list, int row) {
     return toInt16(list.TextMatrix(row, 0));
 }
 
-void warn(const QString& text) {
+void refuse(const QString& text) {
     MsgBox(text, vbExclamation);
 }
 

@@ -22,7 +22,7 @@ QString codeOf(const FlexGrid& list, int row);
 qint16 keyOf(const FlexGrid& list, int row);
 
 /// A command's refusal.
-void warn(const QString& text);
+void refuse(const QString& text);
 
 /// Asks before something is deleted. False for No, which is the default.
 bool confirmed(const QString& question);

@@ -1,6 +1,8 @@
 // Sessions: what opens, transactions, several sessions on one file, and time limits.
 
 #include "platform/database/connection_string.h"
+#include "platform/database/embedded/collation.h"
+#include "platform/database/embedded/database_file.h"
 #include "platform/embedded_bank.h"
 #include "support/error_of.h"
 
@@ -9,6 +11,9 @@
 #include <QStringList>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <cstring>
 
 using namespace talvora;
 using test::errorOf;
@@ -109,6 +114,29 @@ TEST_F(ConnectionTest, AFileKeepsItsRowsAndTypes) {
     bank_.walk(u"select * from later"_s);
     session_.Open();
     bank_.walk(u"insert into Users (UserID) values (1) -> error 544; select UserName from Users -> 甲"_s);
+}
+
+// By an engine whose order of text is another one, as a system with other collation data has it.
+void orderOtherwise(const QString& file) {
+    const embedded::DatabaseFile database(file, embedded::DatabaseFile::Mode::OpenExisting, 1);
+    const auto backwards = [](void*, int, const void* left, int, const void* right) {
+        return std::strcmp(static_cast<const char*>(right), static_cast<const char*>(left));
+    };
+    sqlite3_create_collation(database.handle(), embedded::collationName, SQLITE_UTF8, nullptr, backwards);
+    sqlite3_exec(database.handle(), "REINDEX; PRAGMA user_version = 1", nullptr, nullptr, nullptr);
+}
+
+TEST_F(ConnectionTest, IndexesOfAnotherOrderAreBuiltAnewAtTheOpening) {
+    const QString file = folder_.filePath(u"moved.db"_s);
+    {
+        test::EmbeddedBank bank(file);
+        bank.walk(u"insert into Position (PostCode,PostName) values ('001','a'),('002','b'),('_03','c'),('004','d')"_s);
+    }
+    orderOtherwise(file);
+    test::EmbeddedBank bank(file);
+    bank.walk(
+        u"select PostName from Position where PostCode='001' -> a; select PostName from Position order by "
+        "PostCode -> c / a / b / d"_s);
 }
 
 TEST_F(ConnectionTest, WaitsForALockAsLongAsItsTimeLimit) {

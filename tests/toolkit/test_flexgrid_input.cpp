@@ -72,6 +72,15 @@ TEST_F(FlexGridInput, ATitleIsClickedWithoutTakingTheRowAway) {
     expectSelected({3}, 3);
 }
 
+TEST_F(FlexGridInput, ATitleIsNoColumnToChooseWhereCellsAreSelected) {
+    grid.setSelectionBehavior(QAbstractItemView::SelectItems);
+    clickCell(grid, 3, 1);
+    clickTitle(2);
+    EXPECT_EQ(grid.Row(), 3);
+    EXPECT_EQ(grid.Col(), 1);
+    EXPECT_EQ(grid.selectionModel()->selectedIndexes().size(), 1);
+}
+
 TEST_F(FlexGridInput, WhatIsCurrentStaysSelected) {
     clickCell(grid, 2, 1);
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, belowTheRows());
@@ -100,7 +109,7 @@ TEST_F(FlexGridInput, WhatIsCurrentStaysSelected) {
 
 TEST_F(FlexGridInput, TellsWhatMovesTheCursorBesidesClicks) {
     draw(middle(2, 1), middle(2, 2));
-    EXPECT_EQ(events, QStringList({u"C2,2"_s})) << "a click may slip over the edge of a column";
+    EXPECT_EQ(events, QStringList({u"C2,-1"_s})) << "a click may slip over the edge of a column";
     events.clear();
     draw(middle(2, 1), middle(4, 1));
     expectSelected({2, 3, 4}, 4);

@@ -6,6 +6,7 @@
 #include "toolkit/controls/toolbar.h"
 #include "windows/journey_bank.h"
 
+#include <QHeaderView>
 #include <QTest>
 #include <QToolButton>
 
@@ -179,6 +180,8 @@ TEST_F(ModelEditor, CursorAndButtonsStayWhereTheUserLeftThem) {
     command(w, u"add2"_s, 0, u"001001 责任心"_s, 0);
     EXPECT_EQ(state(), u"2,0 +++-"_s);
     clickCell(w.ui->fg2, 3, 3);
+    QTest::mouseClick(w.ui->fg2->horizontalHeader()->viewport(), Qt::LeftButton, {}, {30, 8});
+    EXPECT_EQ(state(), u"3,3 +-++"_s) << "a title leaves all as it is";
     // A line that comes in above moves the texts down under the cursor.
     command(w, u"add2"_s, 0, u"001002 诚信"_s, 0);
     EXPECT_EQ(state(), u"3,3 +-++"_s);

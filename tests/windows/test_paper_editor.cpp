@@ -4,6 +4,8 @@
 #include "windows/grid_listing.h"
 #include "windows/journey_bank.h"
 
+#include <QHeaderView>
+#include <QTest>
 #include <QToolButton>
 
 namespace talvora::test {
@@ -138,6 +140,8 @@ TEST_F(PaperEditor, QuestionsAreAddedChangedAndTakenOut) {
     add(u"二"_s);
     EXPECT_EQ(w.ui->fg2->Row(), 1) << "a later one leaves the choice alone";
     EXPECT_TRUE(w.ui->fg2->viewport()->rect().contains(w.ui->fg2->CellRect(5, 1))) << "but is in view";
+    QTest::mouseClick(w.ui->fg2->horizontalHeader()->viewport(), Qt::LeftButton, {}, {30, 8});
+    EXPECT_EQ(w.ui->fg2->Row(), 1) << "a title is nothing to edit";
     const QString answers = u"\n- |A.5|5\n- |B.5|5\n- |C.5|5"_s;
     EXPECT_EQ(listing(*w.ui->fg2), u"- 1|一"_s + answers + u"\n- 2|二"_s + answers);
     whenModal<frmQuestion>([](frmQuestion& q) {

@@ -76,6 +76,8 @@ void makeScrollable(QWidget& window) {
         const int stretch = column->stretch(0);
         append(*body, column->takeAt(0), stretch);
     }
+    // It scrolls rather than squeezes what it holds: a toolbar would hide its buttons, a list its lines.
+    view->widget()->setMinimumSize(body->sizeHint());
     column->insertWidget(0, view, 1);
     view->followLists();
     completeTheme();

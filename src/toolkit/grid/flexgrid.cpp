@@ -26,6 +26,9 @@ FlexGrid::FlexGrid(QWidget* parent)
     setTabKeyNavigation(false);
     setHorizontalScrollMode(ScrollPerPixel);
     setVerticalScrollMode(ScrollPerPixel);
+    // The table would take its column for chosen.
+    disconnect(header_, &QHeaderView::sectionPressed, this, nullptr);
+    disconnect(header_, &QHeaderView::sectionEntered, this, nullptr);
     connect(header_, &QHeaderView::sectionClicked, this, [this](int col) { click(0, col); });
     connect(header_, &QHeaderView::sectionResized, this, &FlexGrid::columnResized);
     applyFont();

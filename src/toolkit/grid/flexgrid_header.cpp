@@ -98,7 +98,8 @@ QSize GridHeader::sectionSizeFromContents(int col) const {
 }
 
 // The header view knows only the titles that have scrolled away under those that stay. Over the latter the mouse is
-// told where it would be without the scrolling, and so on until a button that was pressed there is let go.
+// told where it would be without the scrolling, and so on until a button that was pressed there is let go. Clicks go
+// by that; a staying title's edge is dragged only where nothing is scrolled.
 bool GridHeader::viewportEvent(QEvent* event) {
     const auto type = event->type();
     const bool starts = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;

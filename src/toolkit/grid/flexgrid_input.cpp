@@ -61,14 +61,15 @@ void FlexGrid::mouseReleaseEvent(QMouseEvent* event) {
     QTableView::mouseReleaseEvent(event);
     keepCurrentSelected();
     const QModelIndex released = indexAt(event->position().toPoint());
-    // A click may slip over the edge of a column.
+    // A click may slip over the edge of a column. It is then one on the row, and on no cell of it.
     const bool onOneRow = released.isValid() && pressed_.isValid() && released.row() == pressed_.row();
+    const int column = onOneRow && released.column() == pressed_.column() ? released.column() : -1;
     pressed_ = QPersistentModelIndex();
     if (secondPress_) {
         return;
     }
     if (event->button() == Qt::LeftButton && onOneRow) {
-        click(model_->gridRow(released.row()), released.column());
+        click(model_->gridRow(released.row()), column);
     } else {
         tellRowChange(rowBeforePress_);
     }

@@ -105,6 +105,8 @@ void DatabaseFile::keepOrder() {
     mark.reset();
     if (!current) {
         runSqlite(database_, "BEGIN IMMEDIATE");
+        // A large bank takes longer than a statement may, and cut off it would be closed to every later start as well.
+        liftLimit();
         runSqlite(database_, QByteArray("REINDEX ") + collationName);
         runSqlite(database_, "PRAGMA user_version = " + QByteArray::number(orderFingerprint()));
         runSqlite(database_, "COMMIT");

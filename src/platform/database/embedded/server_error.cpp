@@ -92,6 +92,9 @@ QString filled(QStringView words, const QStringList& inserts) {
 DatabaseError serverError(int number, const QStringList& inserts) {
     const auto words = std::find_if(errorWords.begin(), errorWords.end(),
                                     [number](const Words& known) { return known.number == number; });
+    if (words == errorWords.end()) {
+        return {number, inserts.join(u' '), u"HY000"_s};
+    }
     return {number, filled(words->text, inserts), words->state.toString()};
 }
 
