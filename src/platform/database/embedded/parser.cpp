@@ -30,6 +30,8 @@ Statement Parser::parse() {
         statement = create();
     } else if (isWord("drop"_L1)) {
         statement = drop();
+    } else if (isWord("set"_L1)) {
+        statement = setIdentityInsert();
     } else {
         throw incorrectSyntax(peek().text);
     }

@@ -72,6 +72,7 @@ class Parser {
     CreateTable createTable();
     CreateIndex createIndex();
     Statement drop();
+    SetIdentityInsert setIdentityInsert();
     ColumnDefinition columnDefinition();
     bool columnOption(ColumnDefinition& column);
 

@@ -147,4 +147,15 @@ Statement Parser::drop() {
     return DropTable{qualifiedName()};
 }
 
+SetIdentityInsert Parser::setIdentityInsert() {
+    expectWord("set"_L1);
+    expectWord("identity_insert"_L1);
+    SetIdentityInsert set{qualifiedName()};
+    set.on = acceptWord("on"_L1);
+    if (!set.on) {
+        expectWord("off"_L1);
+    }
+    return set;
+}
+
 }  // namespace talvora::embedded

@@ -136,6 +136,13 @@ struct DropIndex {
     QString table;
 };
 
-using Statement = std::variant<Query, Insert, Update, Delete, CreateTable, CreateIndex, DropTable, DropIndex>;
+/// `set identity_insert t on`: from now on inserts give the keys of the table themselves.
+struct SetIdentityInsert {
+    QString table;
+    bool on = false;
+};
+
+using Statement =
+    std::variant<Query, Insert, Update, Delete, CreateTable, CreateIndex, DropTable, DropIndex, SetIdentityInsert>;
 
 }  // namespace talvora::embedded

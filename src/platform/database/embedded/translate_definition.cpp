@@ -77,8 +77,10 @@ Translation Translator::translate(const Statement& statement) {
                 createIndex(tree);
             } else if constexpr (std::is_same_v<Tree, DropTable>) {
                 dropTable(tree);
-            } else {
+            } else if constexpr (std::is_same_v<Tree, DropIndex>) {
                 dropIndex(tree);
+            } else {
+                setIdentityInsert(tree);
             }
         },
         statement);
@@ -128,6 +130,18 @@ void Translator::dropTable(const DropTable& drop) {
 void Translator::dropIndex(const DropIndex& drop) {
     const CatalogTable& table = catalog_.table(drop.table);
     out_.definitions.push_back((u"DROP INDEX "_s + indexName(table.name, drop.name)).toUtf8());
+}
+
+void Translator::setIdentityInsert(const SetIdentityInsert& set) {
+    const CatalogTable& table = catalog_.table(set.table);
+    if (!table.generatesKeys()) {
+        throw serverError(server_error::NoIdentityColumn, {table.name});
+    }
+    const bool isSet = catalog_.takesKeys() == table.name;
+    if (set.on && !isSet && !catalog_.takesKeys().isEmpty()) {
+        throw serverError(server_error::OtherIdentityInsert, {catalog_.takesKeys(), table.name});
+    }
+    out_.takesKeys = set.on ? table.name : isSet ? QString() : catalog_.takesKeys();
 }
 
 }  // namespace talvora::embedded

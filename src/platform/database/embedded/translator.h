@@ -7,6 +7,7 @@
 #include <QMultiHash>
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 namespace talvora::embedded {
@@ -36,6 +37,8 @@ struct Translation {
     std::vector<Parameter> parameters;
     std::vector<QString> columns;  ///< of the rows it gives; empty when it gives none
     std::vector<int> structural;   ///< literals whose very values the translation rests on
+    /// Nothing to run: from now on inserts give the keys of this table themselves (of none when it is empty).
+    std::optional<QString> takesKeys;
 };
 
 /// Writes SQLite's SQL for one statement. Names are resolved here, against the catalogue: it must be known of every
@@ -138,6 +141,7 @@ class Translator {
     void createIndex(const CreateIndex& create);
     void dropTable(const DropTable& drop);
     void dropIndex(const DropIndex& drop);
+    void setIdentityInsert(const SetIdentityInsert& set);
 
     const Catalog& catalog_;
     const Tokens& tokens_;
