@@ -32,6 +32,8 @@ Statement Parser::parse() {
         statement = drop();
     } else if (isWord("set"_L1)) {
         statement = setIdentityInsert();
+    } else if (isWord("dbcc"_L1)) {
+        statement = reseed();
     } else {
         throw incorrectSyntax(peek().text);
     }

@@ -73,6 +73,7 @@ class Parser {
     CreateIndex createIndex();
     Statement drop();
     SetIdentityInsert setIdentityInsert();
+    Reseed reseed();
     ColumnDefinition columnDefinition();
     bool columnOption(ColumnDefinition& column);
 

@@ -158,4 +158,22 @@ SetIdentityInsert Parser::setIdentityInsert() {
     return set;
 }
 
+Reseed Parser::reseed() {
+    expectWord("dbcc"_L1);
+    expectWord("checkident"_L1);
+    expectSymbol("("_L1);
+    Reseed reseed{qualifiedName()};
+    expectSymbol(","_L1);
+    expectWord("reseed"_L1);
+    expectSymbol(","_L1);
+    bool ok = false;
+    const QStringView digits = take().text;
+    reseed.lastKey = digits.toInt(&ok);
+    if (!ok) {
+        throw incorrectSyntax(digits);
+    }
+    expectSymbol(")"_L1);
+    return reseed;
+}
+
 }  // namespace talvora::embedded

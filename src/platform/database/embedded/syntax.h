@@ -142,7 +142,13 @@ struct SetIdentityInsert {
     bool on = false;
 };
 
-using Statement =
-    std::variant<Query, Insert, Update, Delete, CreateTable, CreateIndex, DropTable, DropIndex, SetIdentityInsert>;
+/// `dbcc checkident (t, reseed, n)`: the next generated key of the table is n + 1.
+struct Reseed {
+    QString table;
+    qint32 lastKey = 0;
+};
+
+using Statement = std::variant<Query, Insert, Update, Delete, CreateTable, CreateIndex, DropTable, DropIndex,
+                               SetIdentityInsert, Reseed>;
 
 }  // namespace talvora::embedded

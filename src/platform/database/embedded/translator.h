@@ -88,6 +88,7 @@ class Translator {
     Piece castTo(const Expression& e, const Scope& scope);
     Piece call(const Expression& e, const Scope& scope);
     Piece aggregate(const Expression& e, const Scope& scope);
+    Piece lastKey(const Expression& e);
     QString parameter(const Expression& literal, SqlType target);
     /// The SQL of `piece` as a value of the kind `target`.
     QString as(const Piece& piece, Kind target);
@@ -142,6 +143,9 @@ class Translator {
     void dropTable(const DropTable& drop);
     void dropIndex(const DropIndex& drop);
     void setIdentityInsert(const SetIdentityInsert& set);
+    void reseed(const Reseed& reseed);
+    const CatalogTable& keyedTable(const QString& name) const;
+    static QString sequenceName(const CatalogTable& table);
 
     const Catalog& catalog_;
     const Tokens& tokens_;
