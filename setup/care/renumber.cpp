@@ -1,6 +1,7 @@
 #include "setup/care/renumber.h"
 
 #include "core/data_routines.h"
+#include "core/resume_next.h"
 #include "platform/runtime_error.h"
 #include "setup/care/key_ranges.h"
 #include "setup/tables.h"
@@ -12,6 +13,32 @@ namespace talvora {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Lets inserts give the keys of a table, while it lives: no rollback ends that.
+class KeysGiven {
+ public:
+    KeysGiven(Connection& connection, const QString& table)
+        : connection_(connection), set_(u"set identity_insert "_s + table + u' ') {
+        connection_.Execute(set_ + u"on"_s);
+    }
+    KeysGiven(const KeysGiven&) = delete;
+    KeysGiven& operator=(const KeysGiven&) = delete;
+    ~KeysGiven() {
+        if (isOpen_) {
+            ResumeNext last;
+            last([this] { end(); });
+        }
+    }
+    void end() {
+        connection_.Execute(set_ + u"off"_s);
+        isOpen_ = false;
+    }
+
+ private:
+    Connection& connection_;
+    QString set_;
+    bool isOpen_ = true;
+};
 
 /// One range's new numbering. #RenumberKeys holds the old and the new key of each.
 class Renumbering {
@@ -38,16 +65,19 @@ class Renumbering {
     void run(const QString& statement) { connection_.Execute(statement); }
     qint32 count(const QString& statement) { return countOf(connection_, statement); }
 
+    // The keys that the database generates for the first table are the new numbers.
     void listKeys() {
-        run(u"create table #RenumberKeys (NewKey int identity(1,1) not null primary key, OldKey int not null)"_s);
         const auto& [table, column] = range_.home;
-        run(u"insert into #RenumberKeys (OldKey) select distinct %1 from %2%3 order by %1"_s.arg(
+        run(u"create table #RenumberOrder (NewKey int identity(1,1) not null primary key, OldKey int not null)"_s);
+        run(u"insert into #RenumberOrder (OldKey) select distinct %1 from %2%3 order by %1"_s.arg(
             column, table, range_.isGenerated ? QString() : u" where %1>0"_s.arg(column)));
         for (const auto& mention : range_.mentions) {
-            run(u"insert into #RenumberKeys (OldKey) select distinct %1 from %2 where %1>0 and "
-                "%1 not in (select OldKey from #RenumberKeys) order by %1"_s.arg(mention.column, mention.table));
+            run(u"insert into #RenumberOrder (OldKey) select distinct %1 from %2 where %1>0 and "
+                "%1 not in (select OldKey from #RenumberOrder) order by %1"_s.arg(mention.column, mention.table));
         }
-        run(u"create index IX_RenumberKeys on #RenumberKeys (OldKey)"_s);
+        run(u"create table #RenumberKeys (OldKey int not null primary key, NewKey int not null)"_s);
+        run(u"insert into #RenumberKeys (OldKey,NewKey) select OldKey,NewKey from #RenumberOrder"_s);
+        run(u"drop table #RenumberOrder"_s);
     }
 
     void move() {
@@ -71,10 +101,10 @@ class Renumbering {
         columns.removeOne(key);
         run(u"select * into #RenumberRows from "_s + table);
         run(u"delete from "_s + table);
-        run(u"set identity_insert %1 on"_s.arg(table));
+        KeysGiven given(connection_, table);
         run(u"insert into %1 (%2,%3) select k.NewKey,r.%4 from #RenumberRows r,#RenumberKeys k "
             "where r.%2=k.OldKey order by k.NewKey"_s.arg(table, key, columns.join(u','), columns.join(u",r."_s)));
-        run(u"set identity_insert %1 off"_s.arg(table));
+        given.end();
         run(u"drop table #RenumberRows"_s);
     }
 

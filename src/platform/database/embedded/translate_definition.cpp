@@ -159,9 +159,10 @@ QString Translator::sequenceName(const CatalogTable& table) {
 }
 
 void Translator::reseed(const Reseed& reseed) {
+    // A temporary table with keys brings a second table of this name, which would come first.
     const QString name = sequenceName(keyedTable(reseed.table));
-    out_.definitions.push_back((u"DELETE FROM sqlite_sequence WHERE name = "_s + name).toUtf8());
-    out_.definitions.push_back((u"INSERT INTO sqlite_sequence (name, seq) VALUES ("_s + name + u", "_s +
+    out_.definitions.push_back((u"DELETE FROM main.sqlite_sequence WHERE name = "_s + name).toUtf8());
+    out_.definitions.push_back((u"INSERT INTO main.sqlite_sequence (name, seq) VALUES ("_s + name + u", "_s +
                                 QString::number(reseed.lastKey) + u')')
                                    .toUtf8());
 }
