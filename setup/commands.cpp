@@ -9,6 +9,7 @@
 #include "setup/sample/sample.h"
 #include "setup/session.h"
 #include "setup/terminal.h"
+#include "setup/transfer_verbs.h"
 
 #include <QDir>
 
@@ -20,12 +21,6 @@ namespace talvora {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-ExitCode wrongUse(const QString& fault) {
-    complain(fault);
-    complain(u"用法见 talvora-setup --help"_s);
-    return ExitCode::Usage;
-}
 
 // The words and options that a verb does not take.
 QString misfit(const Arguments& arguments, qsizetype words) {
@@ -122,6 +117,11 @@ ExitCode helpVerb(const Arguments&) {
         "                                     把该日以前的测评移到另一个内置数据库文件\n"
         "  talvora-setup grant --login 登录名 在服务器上建立工作站使用的登录，只能读写数据；\n"
         "                                     密码从标准输入读取一行\n"
+        "  talvora-setup copy --to 目标       把整个数据库复制到一个空数据库并逐行核对；目标写作\n"
+        "                                     server:服务器/数据库/登录名（密码从标准输入读取一行）\n"
+        "                                     或 embedded:文件（相对路径从程序文件夹算起）\n"
+        "  talvora-setup backup 文件 [--yes]  备份内置数据库，程序可以照常使用\n"
+        "  talvora-setup restore 文件 [--yes] 用备份替换内置数据库；替换前会询问，--yes 表示不再询问\n"
         "  talvora-setup --help               显示本说明\n"
         "\n"
         "服务器写作 主机、主机,端口 或 主机\\实例。密码不能写在命令行上；\n"
@@ -148,6 +148,9 @@ const std::vector<Verb>& verbs() {
         {u"renumber"_s, {u"yes"_s}, 0, renumberVerb},
         {u"archive"_s, {u"before"_s, u"to"_s, u"yes"_s}, 0, archiveVerb, {u"before"_s, u"to"_s}},
         {u"grant"_s, {u"login"_s}, 0, grantVerb, {u"login"_s}},
+        {u"copy"_s, {u"to"_s}, 0, copyVerb, {u"to"_s}},
+        {u"backup"_s, {u"yes"_s}, 1, backupVerb},
+        {u"restore"_s, {u"yes"_s}, 1, restoreVerb},
         {u"--help"_s, {}, 0, helpVerb},
         {u"-h"_s, {}, 0, helpVerb},
         {u"help"_s, {}, 0, helpVerb},
@@ -156,6 +159,12 @@ const std::vector<Verb>& verbs() {
 }
 
 }  // namespace
+
+ExitCode wrongUse(const QString& fault) {
+    complain(fault);
+    complain(u"用法见 talvora-setup --help"_s);
+    return ExitCode::Usage;
+}
 
 ExitCode runCommand(const QStringList& arguments) {
     const auto name = arguments.value(0);
