@@ -73,7 +73,8 @@ Translator::Piece Translator::lastKey(const Expression& e) {
     }
     out_.structural.push_back(argument.literal);
     const QString table = tokens_.literals[static_cast<std::size_t>(argument.literal)].content();
-    return {u"coalesce((SELECT seq FROM main.sqlite_sequence WHERE name = "_s + sequenceName(keyedTable(table)) + u"), 1)"_s,
+    return {u"coalesce((SELECT seq FROM main.sqlite_sequence WHERE name = "_s + sequenceName(keyedTable(table)) +
+                u"), 1)"_s,
             {Kind::Int}};
 }
 
