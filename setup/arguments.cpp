@@ -11,6 +11,11 @@ bool isPasswordOption(const QString& name) {
     return names.contains(name, Qt::CaseInsensitive);
 }
 
+// An option that has no value.
+bool isFlag(const QString& name) {
+    return name == "yes"_L1;
+}
+
 }  // namespace
 
 Arguments Arguments::parse(const QStringList& given, const QStringList& known, QString& fault) {
@@ -28,6 +33,10 @@ Arguments Arguments::parse(const QStringList& given, const QStringList& known, Q
             fault = u"不认识的参数［--%1］！"_s.arg(name);
         } else if (arguments.options.contains(name)) {
             fault = u"参数［--%1］重复！"_s.arg(name);
+        } else if (isFlag(name) && equals >= 0) {
+            fault = u"参数［--%1］不带内容！"_s.arg(name);
+        } else if (isFlag(name)) {
+            arguments.options.insert(name, {});
         } else if (equals < 0 && at + 1 == given.end()) {
             fault = u"参数［--%1］缺少内容！"_s.arg(name);
         } else {

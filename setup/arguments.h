@@ -6,8 +6,8 @@
 
 namespace talvora {
 
-/// What stands behind the verb on the command line: options with a value ("--server HOST" or "--server=HOST") and
-/// plain words.
+/// What stands behind the verb on the command line: options with a value ("--server HOST" or "--server=HOST"), the
+/// flag "--yes", and plain words.
 struct Arguments {
     QHash<QString, QString> options;
     QStringList words;

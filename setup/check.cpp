@@ -2,6 +2,7 @@
 
 #include "core/data_routines.h"
 #include "platform/runtime_error.h"
+#include "setup/care/key_ranges.h"
 #include "setup/install.h"
 #include "setup/tables.h"
 
@@ -26,12 +27,17 @@ class Checker {
             attempt(u"系统用户"_s, [this] { systemUser(); });
             attempt(u"排序规则（大小写）"_s, [this] { letterCase(); });
             attempt(u"排序规则（全角半角）"_s, [this] { width(); });
+            for (const auto& range : keyRanges()) {
+                attempt(u"编号［%1］"_s.arg(range.caption), [&] { keys(range); });
+            }
+            attempt(u"答题记录"_s, [this] { history(); });
         }
         return std::move(items_);
     }
 
  private:
     void add(bool isGood, const QString& text) { items_.push_back({isGood, text}); }
+    void warn(const QString& text) { items_.push_back({true, text, true}); }
 
     template <class Step>
     void attempt(const QString& subject, Step&& step) {
@@ -145,6 +151,60 @@ class Checker {
         add(isGood, u"排序规则：%1"_s.arg(isGood ? u"不区分全角与半角"_s : u"区分全角与半角，测评将无法计分"_s));
     }
 
+    void keys(const KeyRange& range) {
+        constexpr int warningPercent = 80;
+        const qint32 used = usedKeys(connection_, range);
+        const qint64 percent = qint64{used} * 100 / greatestKey;
+        const auto state =
+            u"编号［%1］：已用 %2 / %3（%4%）"_s.arg(range.caption).arg(used).arg(greatestKey).arg(percent);
+        if (qint64{used} * 100 < qint64{warningPercent} * greatestKey) {
+            add(true, state);
+        } else if (used < greatestKey) {
+            warn(state + u"，快用完了，"_s + advice(range));
+        } else {
+            add(false, state + u"，已用完，不能再增加，"_s + advice(range));
+        }
+    }
+
+    // A new numbering gains what the rows that are there leave over.
+    QString advice(const KeyRange& range) {
+        if (heldKeys(connection_, range) < greatestKey / 2) {
+            return u"请运行 talvora-setup renumber 重新编号"_s;
+        }
+        const bool isTest = range.home.table == "TestingResult"_L1;
+        return (isTest ? u"请先用 talvora-setup archive 移走旧的测评"_s : u"请先删除不再使用的内容"_s) +
+               u"，再运行 talvora-setup renumber 重新编号"_s;
+    }
+
+    // Each submission scores all answers of its paper again. The embedded database finds those that change by an
+    // index; a server reads them all, and has to be done within the client's time limit.
+    void history() {
+        constexpr qint32 manyAnswers = 800'000;
+        if (isEmbedded(connection_)) {
+            return;
+        }
+        qint32 most = 0;
+        const auto papers = connection_.Execute(
+            u"select ExaminationID,count(*) from TestingResultDetail where ExaminationID>0 group by ExaminationID"_s);
+        for (const auto paper : papers) {
+            most = std::max(most, paper.number32(1));
+            if (paper.number32(1) >= manyAnswers) {
+                warn(
+                    u"答题记录：试卷［%1］有 %2 条，再多下去提交测评会超过时限而失败，"
+                    "请用 talvora-setup archive 移走旧的测评"_s.arg(numberOfPaper(paper.text(0)))
+                        .arg(paper.number32(1)));
+            }
+        }
+        if (most < manyAnswers) {
+            add(true, u"答题记录：一份试卷最多 %1 条"_s.arg(most));
+        }
+    }
+
+    QString numberOfPaper(const QString& key) {
+        const auto papers = connection_.Execute(u"select ExaminationNum from Examination where ExaminationID="_s + key);
+        return papers.RecordCount() == 0 ? key : papers.first().text(0);
+    }
+
     Connection& connection_;
     Connection model_;
     std::vector<CheckItem> items_;
@@ -159,9 +219,12 @@ std::vector<CheckItem> checkDatabase(Connection& connection) {
 QString checkText(const std::vector<CheckItem>& items) {
     QStringList lines;
     for (const auto& item : items) {
-        lines.append((item.isGood ? u"通过  "_s : u"问题  "_s) + item.text);
+        lines.append((item.isWarning ? u"注意  "_s : item.isGood ? u"通过  "_s : u"问题  "_s) + item.text);
     }
     lines.append(isComplete(items) ? u"数据库完整。"_s : u"数据库不完整，请处理列为“问题”的各项。"_s);
+    if (std::any_of(items.begin(), items.end(), [](const CheckItem& item) { return item.isWarning; })) {
+        lines.append(u"另请留意列为“注意”的各项。"_s);
+    }
     return lines.join(u'\n');
 }
 

@@ -3,16 +3,17 @@
 #include "core/mdlpublic.h"
 #include "platform/runtime_error.h"
 #include "setup/arguments.h"
+#include "setup/care_verbs.h"
 #include "setup/check.h"
 #include "setup/import/import.h"
 #include "setup/sample/sample.h"
 #include "setup/session.h"
+#include "setup/terminal.h"
+#include "setup/transfer_verbs.h"
 
 #include <QDir>
-#include <QTextStream>
 
 #include <algorithm>
-#include <cstdio>
 #include <vector>
 
 namespace talvora {
@@ -20,33 +21,6 @@ namespace talvora {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void write(std::FILE* file, const QString& text) {
-    QTextStream stream(file);
-    stream.setEncoding(QStringConverter::System);
-    stream << text << Qt::endl;
-}
-
-void say(const QString& text) {
-    write(stdout, text);
-}
-
-void complain(const QString& text) {
-    write(stderr, text);
-}
-
-QString readPassword(const QString& prompt) {
-    complain(prompt + u"（输入的内容会显示在屏幕上）"_s);
-    QTextStream stream(stdin);
-    stream.setEncoding(QStringConverter::System);
-    return stream.readLine();
-}
-
-ExitCode wrongUse(const QString& fault) {
-    complain(fault);
-    complain(u"用法见 talvora-setup --help"_s);
-    return ExitCode::Usage;
-}
 
 // The words and options that a verb does not take.
 QString misfit(const Arguments& arguments, qsizetype words) {
@@ -138,6 +112,16 @@ ExitCode helpVerb(const Arguments&) {
         "  talvora-setup sample               装入示例题库、模型、职位、用户和测评记录\n"
         "  talvora-setup import 文件.csv      导入试卷\n"
         "  talvora-setup check                检查数据库是否完整\n"
+        "  talvora-setup renumber [--yes]     为试题、试卷、测评等重新编号，从 1 开始\n"
+        "  talvora-setup archive --before 年-月-日 --to 文件 [--yes]\n"
+        "                                     把该日以前的测评移到另一个内置数据库文件\n"
+        "  talvora-setup grant --login 登录名 在服务器上建立工作站使用的登录，只能读写数据；\n"
+        "                                     密码从标准输入读取一行\n"
+        "  talvora-setup copy --to 目标       把整个数据库复制到一个空数据库并逐行核对；目标写作\n"
+        "                                     server:服务器/数据库/登录名（密码从标准输入读取一行）\n"
+        "                                     或 embedded:文件（相对路径从程序文件夹算起）\n"
+        "  talvora-setup backup 文件 [--yes]  备份内置数据库，程序可以照常使用\n"
+        "  talvora-setup restore 文件 [--yes] 用备份替换内置数据库；替换前会询问，--yes 表示不再询问\n"
         "  talvora-setup --help               显示本说明\n"
         "\n"
         "服务器写作 主机、主机,端口 或 主机\\实例。密码不能写在命令行上；\n"
@@ -151,6 +135,7 @@ struct Verb {
     QStringList options;
     qsizetype words;
     ExitCode (*run)(const Arguments&);
+    QStringList needed{};  ///< the options that must be given
 };
 
 const std::vector<Verb>& verbs() {
@@ -160,6 +145,12 @@ const std::vector<Verb>& verbs() {
         {u"sample"_s, {}, 0, sampleVerb},
         {u"import"_s, {}, 1, importVerb},
         {u"check"_s, {}, 0, checkVerb},
+        {u"renumber"_s, {u"yes"_s}, 0, renumberVerb},
+        {u"archive"_s, {u"before"_s, u"to"_s, u"yes"_s}, 0, archiveVerb, {u"before"_s, u"to"_s}},
+        {u"grant"_s, {u"login"_s}, 0, grantVerb, {u"login"_s}},
+        {u"copy"_s, {u"to"_s}, 0, copyVerb, {u"to"_s}},
+        {u"backup"_s, {u"yes"_s}, 1, backupVerb},
+        {u"restore"_s, {u"yes"_s}, 1, restoreVerb},
         {u"--help"_s, {}, 0, helpVerb},
         {u"-h"_s, {}, 0, helpVerb},
         {u"help"_s, {}, 0, helpVerb},
@@ -168,6 +159,12 @@ const std::vector<Verb>& verbs() {
 }
 
 }  // namespace
+
+ExitCode wrongUse(const QString& fault) {
+    complain(fault);
+    complain(u"用法见 talvora-setup --help"_s);
+    return ExitCode::Usage;
+}
 
 ExitCode runCommand(const QStringList& arguments) {
     const auto name = arguments.value(0);
@@ -180,6 +177,11 @@ ExitCode runCommand(const QStringList& arguments) {
     const auto given = Arguments::parse(arguments.sliced(1), verb->options, fault);
     if (fault.isEmpty()) {
         fault = misfit(given, verb->words);
+    }
+    for (const auto& option : verb->needed) {
+        if (fault.isEmpty() && given.option(option).isEmpty()) {
+            fault = u"缺少参数［--%1］！"_s.arg(option);
+        }
     }
     if (!fault.isEmpty()) {
         return wrongUse(fault);

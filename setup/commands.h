@@ -15,4 +15,7 @@ enum class ExitCode : int {
 /// come as one line of standard input; results go to standard output, faults to standard error.
 ExitCode runCommand(const QStringList& arguments);
 
+/// Tells what is wrong with a command line.
+ExitCode wrongUse(const QString& fault);
+
 }  // namespace talvora

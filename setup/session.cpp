@@ -17,20 +17,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int testSeconds = 10;
-constexpr int workSeconds = 120;
-
-QString embeddedPath(const ConnectionFile& connection) {
-    return QDir(QCoreApplication::applicationDirPath()).absoluteFilePath(connection.database);
-}
-
-// An empty file that its owner alone can read: it is going to hold passwords. Its companions take its rights.
-void createOwnFile(const ConnectionFile& connection) {
-    createEmbedded(ConnectionParts::parse(connectionString(connection)));
-    if (!QFile::setPermissions(embeddedPath(connection), QFileDevice::ReadOwner | QFileDevice::WriteOwner)) {
-        throw RuntimeError(errors::PathAccess, u"数据库文件［%1］不能设为只有所有者可以读取！"_s.arg(
-                                                   QDir::toNativeSeparators(embeddedPath(connection))));
-    }
-}
 
 void open(Connection& session, const ConnectionFile& connection, int seconds) {
     session.ConnectionString = connectionString(connection);
@@ -60,6 +46,10 @@ ConnectionFile embeddedConnection(const QString& file) {
     return {u"embedded"_s, file, {}, {}};
 }
 
+QString embeddedPath(const ConnectionFile& connection) {
+    return QDir(QCoreApplication::applicationDirPath()).absoluteFilePath(connection.database);
+}
+
 bool isEmbedded(const ConnectionFile& connection) {
     return ConnectionParts::parse(connectionString(connection)).isEmbedded();
 }
@@ -73,8 +63,22 @@ void testConnection(const ConnectionFile& connection) {
     open(session, connection, testSeconds);
 }
 
-void openSession(const ConnectionFile& connection) {
-    open(cnnPublic, connection, workSeconds);
+void openSession(const ConnectionFile& connection, int seconds) {
+    open(cnnPublic, connection, seconds);
+}
+
+void createOwnFile(const ConnectionFile& connection) {
+    createEmbedded(ConnectionParts::parse(connectionString(connection)));
+    if (!QFile::setPermissions(embeddedPath(connection), QFileDevice::ReadOwner | QFileDevice::WriteOwner)) {
+        throw RuntimeError(errors::PathAccess, u"数据库文件［%1］不能设为只有所有者可以读取！"_s.arg(
+                                                   QDir::toNativeSeparators(embeddedPath(connection))));
+    }
+}
+
+void removeOwnFile(const ConnectionFile& connection) {
+    for (const auto* companion : {"", "-wal", "-shm"}) {
+        QFile::remove(embeddedPath(connection) + QLatin1StringView(companion));
+    }
 }
 
 void installDatabase(const ConnectionFile& connection, const QString& adminPassword, const Progress& progress) {
@@ -82,7 +86,6 @@ void installDatabase(const ConnectionFile& connection, const QString& adminPassw
         throw RuntimeError(errors::InvalidCall, fault);
     }
     const bool isNewFile = awaitsInstallation(connection);
-    const QString path = embeddedPath(connection);
     try {
         if (isNewFile) {
             createOwnFile(connection);
@@ -92,9 +95,7 @@ void installDatabase(const ConnectionFile& connection, const QString& adminPassw
     } catch (const RuntimeError&) {
         cnnPublic.Close();
         if (isNewFile) {
-            for (const auto* companion : {"", "-wal", "-shm"}) {
-                QFile::remove(path + QLatin1StringView(companion));
-            }
+            removeOwnFile(connection);
         }
         throw;
     }

@@ -36,12 +36,18 @@ std::vector<TableColumns> schemaTables() {
     bool inTable = false;
     for (const auto& line : setupText(u"schema.sql"_s).split(u'\n')) {
         if (const auto match = head.match(line); match.hasMatch()) {
-            tables.push_back({match.captured(1), {}});
+            tables.push_back({match.captured(1), {}, {}, {}});
             inTable = true;
         } else if (line.startsWith(u')')) {
             inTable = false;
         } else if (const auto named = column.match(line); inTable && named.hasMatch()) {
             tables.back().columns.append(named.captured(1));
+            if (line.contains(" identity("_L1)) {
+                tables.back().identity = named.captured(1);
+            }
+            if (line.contains(" int "_L1) && line.contains(" primary key"_L1)) {
+                tables.back().numberKey = named.captured(1);
+            }
         }
     }
     return tables;
@@ -76,10 +82,14 @@ QStringList presentTables(Connection& connection) {
 }
 
 bool isEmptyDatabase(Connection& connection) {
-    if (ConnectionParts::parse(connection.ConnectionString).isEmbedded()) {
+    if (isEmbedded(connection)) {
         return presentTables(connection).isEmpty();
     }
     return countOf(connection, u"select count(*) from information_schema.tables where table_type='BASE TABLE'"_s) == 0;
+}
+
+bool isEmbedded(const Connection& connection) {
+    return ConnectionParts::parse(connection.ConnectionString).isEmbedded();
 }
 
 }  // namespace talvora

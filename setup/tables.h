@@ -11,6 +11,8 @@ namespace talvora {
 struct TableColumns {
     QString table;
     QStringList columns;
+    QString identity{};   ///< the column whose values the database generates; empty when there is none
+    QString numberKey{};  ///< the column of whole numbers that is the primary key; empty when there is none
 };
 
 /// The tables that schema.sql makes, with their columns.
@@ -27,5 +29,8 @@ QStringList presentTables(Connection& connection);
 
 /// Whether the database holds no table at all, ours or another's.
 bool isEmptyDatabase(Connection& connection);
+
+/// Whether the session is with an embedded database.
+bool isEmbedded(const Connection& connection);
 
 }  // namespace talvora

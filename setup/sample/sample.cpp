@@ -52,8 +52,6 @@ void clearSample() {
         steps([&] { cnnPublic.Execute(u"delete from "_s + rows); });
     }
     steps([] { cnnPublic.CommitTrans(); });
-    // There only when the storing of a model test was cut short.
-    steps([] { cnnPublic.Execute(u"drop table #TypecodeScore"_s); });
 }
 
 }  // namespace
@@ -67,7 +65,7 @@ void installSample(const Progress& progress) {
         }
         runScript(cnnPublic, setupText(u"sample/sample.sql"_s));
         addSampleModels(setupText(u"sample/models.csv"_s));
-        addSampleTests(testCount, progress);
+        storeTests(drawSampleTests(testCount), progress);
     } catch (const RuntimeError&) {
         clearSample();
         throw;

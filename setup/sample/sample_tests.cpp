@@ -1,11 +1,8 @@
 #include "setup/sample/sample_tests.h"
 
-#include "core/mdlpublic.h"
 #include "models/csolution.h"
 #include "organisation/cposition.h"
 #include "platform/moment.h"
-#include "platform/runtime_error.h"
-#include "results/ctestingdetail.h"
 #include "setup/sample/candidates.h"
 #include "testbank/cexamination.h"
 #include "testbank/ctestingtype.h"
@@ -21,9 +18,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto answerLetters = "ABCDE"_L1;
-constexpr std::array<QString cTestingDetail::*, 5> detailAnswers{&cTestingDetail::Answer1, &cTestingDetail::Answer2,
-                                                                 &cTestingDetail::Answer3, &cTestingDetail::Answer4,
-                                                                 &cTestingDetail::Answer5};
 
 /// The first level of the positions is departments, which nobody applies for.
 constexpr int departmentDigits = 3;
@@ -114,15 +108,7 @@ class SampleTest {
         }
     }
 
-    void store(bool isModel) const {
-        if (head_.AddNew(isModel, rows_, answers_) != Status::Done) {
-            throw RuntimeError(errors::InvalidCall, u"［%1］的测评记录没有保存成功！"_s.arg(head_.Name));
-        }
-        if (isModel) {
-            // The storing leaves this table on the connection and makes it anew for the next model.
-            cnnPublic.Execute(u"drop table #TypecodeScore"_s);
-        }
-    }
+    FinishedTest finish(bool isModel) const { return {head_, isModel, rows_, answers_}; }
 
  private:
     std::shared_ptr<cTesting> addRow(const QString& typeCode, const QString& typeName) {
@@ -153,7 +139,7 @@ class SampleTest {
     cTestingDetails answers_;
 };
 
-void addModelTest(SampleChance& chance, const Bank& bank, cTesting candidate) {
+FinishedTest modelTest(SampleChance& chance, const Bank& bank, cTesting candidate) {
     constexpr int dimensionDigits = 3;
     const auto model = chance.pick(bank.models);
     candidate.TypeName = model->SolutionName;
@@ -167,16 +153,16 @@ void addModelTest(SampleChance& chance, const Bank& bank, cTesting candidate) {
             test.sitPaper(line->TypeCode, line->TypeName);
         }
     }
-    test.store(true);
+    return test.finish(true);
 }
 
-void addPaperTest(SampleChance& chance, const Bank& bank, cTesting candidate) {
+FinishedTest paperTest(SampleChance& chance, const Bank& bank, cTesting candidate) {
     const auto subtype = chance.pick(bank.subtypes);
     candidate.TypeName = subtype->Name;
     candidate.PostName = chance.pick(bank.positions)->PostName;
     SampleTest test(chance, bank, candidate);
     test.sitPaper(subtype->NowCode, subtype->Name);
-    test.store(false);
+    return test.finish(false);
 }
 
 std::vector<QDateTime> testingMoments(SampleChance& chance, int count) {
@@ -196,23 +182,18 @@ std::vector<QDateTime> testingMoments(SampleChance& chance, int count) {
 
 }  // namespace
 
-void addSampleTests(int count, const Progress& progress) {
+std::vector<FinishedTest> drawSampleTests(int count) {
     constexpr int oneInModels = 4;
     const Bank bank = readBank();
     SampleChance chance;
-    int done = 0;
+    std::vector<FinishedTest> tests;
     for (const auto& moment : testingMoments(chance, count)) {
         cTesting candidate = sampleCandidate(chance, moment.date());
         candidate.TestingDate = momentText(moment);
-        if (chance.below(oneInModels) == 0) {
-            addModelTest(chance, bank, candidate);
-        } else {
-            addPaperTest(chance, bank, candidate);
-        }
-        if (progress) {
-            progress(++done, count);
-        }
+        const bool isModel = chance.below(oneInModels) == 0;
+        tests.push_back(isModel ? modelTest(chance, bank, candidate) : paperTest(chance, bank, candidate));
     }
+    return tests;
 }
 
 }  // namespace talvora

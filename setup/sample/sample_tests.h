@@ -1,11 +1,13 @@
 #pragma once
 
-#include "setup/install.h"
+#include "setup/sample/test_store.h"
+
+#include <vector>
 
 namespace talvora {
 
-/// Stores `count` past tests of invented candidates, spread over the last half year and in the order of their dates:
-/// most on a single paper, the others on a competency model. Throws RuntimeError when one can't be stored.
-void addSampleTests(int count, const Progress& progress);
+/// `count` past tests of invented candidates from the bank at hand, spread over the last half year and in the order of
+/// their dates: most on a single paper, the others on a competency model.
+std::vector<FinishedTest> drawSampleTests(int count);
 
 }  // namespace talvora

@@ -83,6 +83,23 @@ Select QuestionName from ExaminationQuestion where ExaminationID=1 -> b / c / a
 )"_s);
 }
 
+TEST(Embedded, TakesKeysWhereTheyAreLetInAndGoesOnBehindThem) {
+    test::EmbeddedBank bank;
+    bank.walk(
+        uR"(insert into Users (UserName) values ('a'); insert into Users (UserID,UserName) values (7,'b') -> error 544
+set identity_insert users on; insert into Users (UserID,UserName) values (7,'b'),(4,'c')
+insert into Users (UserName) values ('d') -> error 545; insert into Roles (RoleID) values (3) -> error 544
+set identity_insert Roles on -> error 8107; set identity_insert Modules on -> error 8106; set identity_insert x off -> error 208
+set identity_insert Roles off; insert into Users (UserID,UserName) values (5,'e'); set identity_insert Users off
+insert into Users (UserID,UserName) values (9,'f') -> error 544; insert into Users (UserName) values ('g')
+select UserID,UserName from Users order by UserID -> 1|a / 4|c / 5|e / 7|b / 8|g
+create table #Keys (ID int identity(1,1) not null primary key); select ident_current('users') -> 8; select ident_current('Roles') -> 1
+delete from Users where UserID>4; dbcc checkident (Users, reseed, 4); select ident_current('Users') -> 4
+insert into Users (UserName) values ('h'); select max(UserID) from Users -> 5
+dbcc checkident (Modules, reseed, 4) -> error 8106; select ident_current('Modules') -> error 8106; select ident_current('x') -> error 208
+dbcc checkident (Users, reseed, x) -> error 102; dbcc checkdb (Users) -> error 102)"_s);
+}
+
 TEST(Embedded, StatementsOfOneShapeKeepTheirOwnValues) {
     test::EmbeddedBank bank;
     bank.walk(u"insert into UserRole values (1,10),(2,20),(3,30)"_s);

@@ -3,6 +3,7 @@
 #include "setup/check.h"
 #include "setup/install.h"
 #include "setup/sample/sample.h"
+#include "setup/sample/sample_tests.h"
 #include "setup/tables.h"
 #include "support/database_fixture.h"
 #include "support/error_of.h"
@@ -120,9 +121,32 @@ TEST_F(Install, TheSampleIsAWholeBank) {
               u"36"_s);
 }
 
+TEST_F(Install, TheTestsOfTheSampleAreThoseThatSittingThemStores) {
+    installSample();
+    const auto stored = [] {
+        return rowsOf(u"select * from TestingResult order by TestingID"_s) + u'\n' +
+               rowsOf(u"select * from TestingResultDetail order by ID"_s);
+    };
+    const auto together = stored();
+    // Made anew, so that their keys begin again.
+    cnnPublic.Execute(u"drop table TestingResult"_s);
+    cnnPublic.Execute(u"drop table TestingResultDetail"_s);
+    for (const auto& batch :
+         scriptBatches(setupText(u"schema.sql"_s)).filter(QRegularExpression(u" (table|on) TestingResult"_s))) {
+        cnnPublic.Execute(batch);
+    }
+    for (const auto& test : drawSampleTests(200)) {
+        ASSERT_EQ(test.head.AddNew(test.isModel, test.rows, test.answers), Status::Done);
+        if (test.isModel) {
+            cnnPublic.Execute(u"drop table #TypecodeScore"_s);
+        }
+    }
+    EXPECT_EQ(together, stored());
+}
+
 TEST(SampleFailure, LeavesTheBankEmptyAndReadyForAnotherTry) {
-    for (const auto& pattern : {u"insert into ExaminationQuestion "_s, u"insert into UserRole "_s,
-                                u"Update TestingResult Set TestingResult.Score"_s}) {
+    for (const auto& pattern :
+         {u"insert into ExaminationQuestion "_s, u"insert into UserRole "_s, u"update TestingResult set Score"_s}) {
         SCOPED_TRACE(pattern.toStdString());
         const EmbeddedDatabase database;
         const auto before = allCounts();

@@ -1,76 +1,16 @@
 #include "access/cuser.h"
 #include "core/connection_file.h"
 #include "core/mdlpublic.h"
+#include "setup/setup_tool.h"
 #include "setup/sheet.h"
 #include "support/database_fixture.h"
 
-#include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace talvora::test {
 
 using namespace Qt::StringLiterals;
-
-// The real program in a folder of its own, where it writes its connection file.
-class SetupTool : public ::testing::Test {
- protected:
-    struct Outcome {
-        int code = -1;
-        QString out;
-        QString err;
-    };
-
-    SetupTool() { EXPECT_TRUE(QFile::copy(QStringLiteral(TALVORA_SETUP_TOOL), path(toolName()))); }
-    ~SetupTool() override { cnnPublic.Close(); }
-
-    static QString toolName() { return QFileInfo(QStringLiteral(TALVORA_SETUP_TOOL)).fileName(); }
-    QString path(const QString& name) const { return QDir(folder_.path()).filePath(name); }
-    QString connectionFile() const { return path(connectionFileName()); }
-
-    Outcome run(const QStringList& arguments, const QString& input = {}) {
-        QProcess tool;
-        auto environment = QProcessEnvironment::systemEnvironment();
-        environment.remove(u"DISPLAY"_s);  // a command line needs no display
-        environment.remove(u"QT_QPA_PLATFORM"_s);
-        tool.setProcessEnvironment(environment);
-        tool.start(path(toolName()), arguments);
-        tool.write(input.toUtf8() + '\n');
-        tool.closeWriteChannel();
-        EXPECT_TRUE(tool.waitForFinished(60'000));
-        EXPECT_EQ(tool.exitStatus(), QProcess::NormalExit);
-        return {tool.exitCode(), QString::fromUtf8(tool.readAllStandardOutput()),
-                QString::fromUtf8(tool.readAllStandardError())};
-    }
-
-    /// What the tool says, on both its ways, when it succeeds.
-    QString expectSuccess(const QStringList& arguments, const QString& input = {}) {
-        const Outcome outcome = run(arguments, input);
-        EXPECT_EQ(outcome.code, 0) << qPrintable(outcome.out + outcome.err);
-        return outcome.out + outcome.err;
-    }
-    void expectFailure(const QStringList& arguments, const QString& input, const QString& words) {
-        const Outcome outcome = run(arguments, input);
-        EXPECT_EQ(outcome.code, 1);
-        EXPECT_TRUE(outcome.err.contains(words)) << qPrintable(outcome.err);
-    }
-
-    static void expectOwnersOnly(const QString& file) {
-        const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-        EXPECT_EQ(QFile::permissions(file) & others, QFile::Permissions()) << qPrintable(file);
-    }
-
-    QString write(const QString& name, const QByteArray& content) {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-        return file.fileName();
-    }
-
- private:
-    QTemporaryDir folder_;
-};
 
 TEST_F(SetupTool, WritesAConnectionWithChineseTextThatTheClientReads) {
     // Nobody listens there: the connection is saved, and its failure told.
@@ -90,7 +30,9 @@ TEST_F(SetupTool, RefusesAWrongCommandLineAndTellsThatThereIsNoConnection) {
     for (const auto& line :
          {u"unknown"_s, u"connect"_s, u"connect --server a --database b"_s, u"connect --server a --server b"_s,
           u"connect --server a --database b --login c --password d"_s, u"connect --embedded a.db --login c"_s,
-          u"connect --embedded="_s, u"install secret"_s, u"import"_s, u"import a.csv b.csv"_s, u"check --all x"_s}) {
+          u"connect --embedded="_s, u"install secret"_s, u"import"_s, u"import a.csv b.csv"_s, u"check --all x"_s,
+          u"archive --before 2024-01-01"_s, u"archive --to a.db"_s, u"renumber --yes=1"_s, u"renumber now"_s,
+          u"grant"_s, u"grant --login a --password b"_s}) {
         const auto outcome = run(line.split(u' '), u"secret"_s);
         EXPECT_EQ(outcome.code, 2) << qPrintable(line);
         EXPECT_FALSE(outcome.err.isEmpty());
@@ -117,6 +59,13 @@ TEST_F(SetupTool, InstallsAnEmbeddedDatabaseOnceChecksItAndImports) {
                   u"有 2 处错误，没有导入任何内容：\n第 3 行：请输入［题目］！\n第 4 行：［分数A］"_s);
     EXPECT_TRUE(expectSuccess({u"import"_s, write(u"好.csv"_s, Sheet().utf8())}).contains(u"试卷 1 份、试题 3 道"_s));
     EXPECT_EQ(run({u"import"_s, path(u"none.csv"_s)}).code, 1);
+
+    // Nobody sits at the input here.
+    expectFailure({u"renumber"_s}, u"是"_s, u"没有做任何改动"_s);
+    EXPECT_TRUE(expectSuccess({u"renumber"_s, u"--yes"_s}).contains(u"编号［试题］：改动 0 个，已用 3 / 32767"_s));
+    expectFailure({u"archive"_s, u"--before=2024-13-01"_s, u"--to=旧.db"_s}, {}, u"日期［2024-13-01］不对"_s);
+    EXPECT_TRUE(expectSuccess({u"archive"_s, u"--before=2024-01-01"_s, u"--to=旧.db"_s}).contains(u"不必归档"_s));
+    expectFailure({u"grant"_s, u"--login=station"_s}, u"secret"_s, u"内置数据库文件没有登录"_s);
 
     auto connection = readConnectionFile(connectionFile());
     connection.database = path(connection.database);

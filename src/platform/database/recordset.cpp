@@ -12,6 +12,8 @@
 
 namespace talvora {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A stored real number as its text has it, with 15 significant digits: 0.7 * 45 is stored as 31.499999999999996 and
@@ -159,6 +161,26 @@ QString Row::text(int column) const {
 }
 QString Row::text(FieldName name) const {
     return trimBlanks(rawText(name));
+}
+
+QString Row::literal(int column) const {
+    const auto& value = rows_->cell(index_, column);
+    if (value.kind == Recordset::Kind::Null) {
+        return u"null"_s;
+    }
+    if (value.kind == Recordset::Kind::Real) {
+        // With an exponent: a server would take it for a decimal number otherwise, and lose digits on its way back.
+        constexpr int digitsBehindThePoint = 16;
+        return QString::number(value.real, 'e', digitsBehindThePoint);
+    }
+    QString text = rows_->textOf(value, column);
+    if (value.kind == Recordset::Kind::Whole) {
+        return text;
+    }
+    text.replace(u'\'', "''"_L1);
+    // A server takes a backslash before a line break, and the break, for one long line of the statement.
+    text.replace("\\\r"_L1, "\\'+N'\r"_L1).replace("\\\n"_L1, "\\'+N'\n"_L1);
+    return u"N'"_s + text + u'\'';
 }
 
 qint16 Row::number16(FieldName name) const {

@@ -45,6 +45,8 @@ class Row {
     bool isNull(int column) const;
     QString text(int column) const;
     qint32 number32(int column) const;
+    /// The value as it is written in a statement, with all its digits and blanks: null, a number, or N'text'.
+    QString literal(int column) const;
 
  private:
     friend class Recordset;

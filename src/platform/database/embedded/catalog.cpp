@@ -28,6 +28,10 @@ const CatalogColumn* CatalogTable::column(const QString& columnName) const {
     return found == columns.end() ? nullptr : &*found;
 }
 
+bool CatalogTable::generatesKeys() const {
+    return std::any_of(columns.begin(), columns.end(), [](const CatalogColumn& column) { return column.identity; });
+}
+
 const CatalogTable* Catalog::find(const QString& table) const {
     const QString key = table.toLower();
     auto found = tables_.find(key);

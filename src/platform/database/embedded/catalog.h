@@ -24,6 +24,8 @@ struct CatalogTable {
 
     /// The column of that name, whatever its case; null when there is none.
     const CatalogColumn* column(const QString& columnName) const;
+    /// Whether the engine generates the keys of the table.
+    bool generatesKeys() const;
 };
 
 /// The tables of one open database with the T-SQL types of their columns, each read when first asked for.
@@ -41,10 +43,15 @@ class Catalog {
     /// To be called when tables came or went.
     void clear();
 
+    /// The table whose inserts give the keys themselves, which the session allows for one at a time; empty for none.
+    const QString& takesKeys() const { return takesKeys_; }
+    void setTakesKeys(const QString& table) { takesKeys_ = table; }
+
  private:
     CatalogTable read(const QString& table) const;
 
     sqlite3* database_;
+    QString takesKeys_;
     mutable std::unordered_map<QString, CatalogTable> tables_;  ///< by the name in small letters, those read so far
 };
 

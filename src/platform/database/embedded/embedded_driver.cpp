@@ -88,6 +88,12 @@ Recordset EmbeddedDriver::execute(const QString& statement) {
             define(translation);
             return {};
         }
+        if (translation.takesKeys) {
+            // A prepared insert could be wrong from now on.
+            cache_.clear();
+            catalog_.setTakesKeys(*translation.takesKeys);
+            return {};
+        }
         return run(cache_.add(tokens_, prepare(std::move(translation), std::move(structural))));
     } catch (const DatabaseError&) {
         if (tablesChanged_ && !inTransaction()) {

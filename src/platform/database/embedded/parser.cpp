@@ -30,6 +30,10 @@ Statement Parser::parse() {
         statement = create();
     } else if (isWord("drop"_L1)) {
         statement = drop();
+    } else if (isWord("set"_L1)) {
+        statement = setIdentityInsert();
+    } else if (isWord("dbcc"_L1)) {
+        statement = reseed();
     } else {
         throw incorrectSyntax(peek().text);
     }

@@ -72,6 +72,8 @@ class Parser {
     CreateTable createTable();
     CreateIndex createIndex();
     Statement drop();
+    SetIdentityInsert setIdentityInsert();
+    Reseed reseed();
     ColumnDefinition columnDefinition();
     bool columnOption(ColumnDefinition& column);
 

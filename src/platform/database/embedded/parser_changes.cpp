@@ -147,4 +147,33 @@ Statement Parser::drop() {
     return DropTable{qualifiedName()};
 }
 
+SetIdentityInsert Parser::setIdentityInsert() {
+    expectWord("set"_L1);
+    expectWord("identity_insert"_L1);
+    SetIdentityInsert set{qualifiedName()};
+    set.on = acceptWord("on"_L1);
+    if (!set.on) {
+        expectWord("off"_L1);
+    }
+    return set;
+}
+
+Reseed Parser::reseed() {
+    expectWord("dbcc"_L1);
+    expectWord("checkident"_L1);
+    expectSymbol("("_L1);
+    Reseed reseed{qualifiedName()};
+    expectSymbol(","_L1);
+    expectWord("reseed"_L1);
+    expectSymbol(","_L1);
+    bool ok = false;
+    const QStringView digits = take().text;
+    reseed.lastKey = digits.toInt(&ok);
+    if (!ok) {
+        throw incorrectSyntax(digits);
+    }
+    expectSymbol(")"_L1);
+    return reseed;
+}
+
 }  // namespace talvora::embedded

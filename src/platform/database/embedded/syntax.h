@@ -136,6 +136,19 @@ struct DropIndex {
     QString table;
 };
 
-using Statement = std::variant<Query, Insert, Update, Delete, CreateTable, CreateIndex, DropTable, DropIndex>;
+/// `set identity_insert t on`: from now on inserts give the keys of the table themselves.
+struct SetIdentityInsert {
+    QString table;
+    bool on = false;
+};
+
+/// `dbcc checkident (t, reseed, n)`: the next generated key of the table is n + 1.
+struct Reseed {
+    QString table;
+    qint32 lastKey = 0;
+};
+
+using Statement = std::variant<Query, Insert, Update, Delete, CreateTable, CreateIndex, DropTable, DropIndex,
+                               SetIdentityInsert, Reseed>;
 
 }  // namespace talvora::embedded

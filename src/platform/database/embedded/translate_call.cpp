@@ -42,6 +42,9 @@ Translator::Piece Translator::call(const Expression& e, const Scope& scope) {
     if (isAggregate(e)) {
         return aggregate(e, scope);
     }
+    if (e.name == "ident_current"_L1) {
+        return lastKey(e);
+    }
     const auto plain = std::find_if(plainFunctions.begin(), plainFunctions.end(),
                                     [&](const Plain& known) { return e.name == known.name; });
     if (plain == plainFunctions.end()) {
@@ -59,6 +62,20 @@ Translator::Piece Translator::call(const Expression& e, const Scope& scope) {
     }
     const QString sql = u"tsql_"_s + e.name + u'(' + arguments.join(u", "_s) + u')';
     return result.isText() ? Piece{collated(sql), result, true} : Piece{sql, result};
+}
+
+/// The last key that the table was given; 1 for a table that never was given one, as on the server.
+Translator::Piece Translator::lastKey(const Expression& e) {
+    requireArguments(e, 1);
+    const Expression& argument = *e.args[0];
+    if (argument.form != Form::Literal) {
+        throw incorrectSyntax(argument.near);
+    }
+    out_.structural.push_back(argument.literal);
+    const QString table = tokens_.literals[static_cast<std::size_t>(argument.literal)].content();
+    return {u"coalesce((SELECT seq FROM main.sqlite_sequence WHERE name = "_s + sequenceName(keyedTable(table)) +
+                u"), 1)"_s,
+            {Kind::Int}};
 }
 
 Translator::Piece Translator::aggregate(const Expression& e, const Scope& scope) {

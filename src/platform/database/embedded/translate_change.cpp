@@ -36,13 +36,16 @@ void requireCount(std::size_t columns, std::size_t values) {
 
 std::vector<const CatalogColumn*> Translator::insertedColumns(const Insert& insert, const CatalogTable& table) const {
     std::vector<const CatalogColumn*> columns;
+    const bool givesKeys = table.name == catalog_.takesKeys();
+    bool hasKey = false;
     for (const QString& name : insert.columns) {
         const CatalogColumn& column = columnOf(table, name);
         requireOnce(columns, column);
-        if (column.identity) {
-            throw serverError(server_error::ExplicitIdentity, {table.name});
-        }
+        hasKey = hasKey || column.identity;
         columns.push_back(&column);
+    }
+    if (hasKey != givesKeys) {
+        throw serverError(hasKey ? server_error::ExplicitIdentity : server_error::MissingIdentity, {table.name});
     }
     if (insert.columns.empty()) {
         for (const CatalogColumn& column : table.columns) {

@@ -77,8 +77,12 @@ Translation Translator::translate(const Statement& statement) {
                 createIndex(tree);
             } else if constexpr (std::is_same_v<Tree, DropTable>) {
                 dropTable(tree);
-            } else {
+            } else if constexpr (std::is_same_v<Tree, DropIndex>) {
                 dropIndex(tree);
+            } else if constexpr (std::is_same_v<Tree, SetIdentityInsert>) {
+                setIdentityInsert(tree);
+            } else {
+                reseed(tree);
             }
         },
         statement);
@@ -128,6 +132,39 @@ void Translator::dropTable(const DropTable& drop) {
 void Translator::dropIndex(const DropIndex& drop) {
     const CatalogTable& table = catalog_.table(drop.table);
     out_.definitions.push_back((u"DROP INDEX "_s + indexName(table.name, drop.name)).toUtf8());
+}
+
+const CatalogTable& Translator::keyedTable(const QString& name) const {
+    const CatalogTable& table = catalog_.table(name);
+    if (!table.generatesKeys()) {
+        throw serverError(server_error::NoIdentityColumn, {table.name});
+    }
+    return table;
+}
+
+void Translator::setIdentityInsert(const SetIdentityInsert& set) {
+    const CatalogTable& table = keyedTable(set.table);
+    const bool isSet = catalog_.takesKeys() == table.name;
+    if (set.on && !isSet && !catalog_.takesKeys().isEmpty()) {
+        throw serverError(server_error::OtherIdentityInsert, {catalog_.takesKeys(), table.name});
+    }
+    out_.takesKeys = set.on ? table.name : isSet ? QString() : catalog_.takesKeys();
+}
+
+/// The table's name as a text of SQLite's, by which it knows the last key that it generated for the table.
+QString Translator::sequenceName(const CatalogTable& table) {
+    QString name = table.name;
+    name.replace(u'\'', u"''"_s);
+    return u'\'' + name + u'\'';
+}
+
+void Translator::reseed(const Reseed& reseed) {
+    // A temporary table with keys brings a second table of this name, which would come first.
+    const QString name = sequenceName(keyedTable(reseed.table));
+    out_.definitions.push_back((u"DELETE FROM main.sqlite_sequence WHERE name = "_s + name).toUtf8());
+    out_.definitions.push_back((u"INSERT INTO main.sqlite_sequence (name, seq) VALUES ("_s + name + u", "_s +
+                                QString::number(reseed.lastKey) + u')')
+                                   .toUtf8());
 }
 
 }  // namespace talvora::embedded

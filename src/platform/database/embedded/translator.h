@@ -7,6 +7,7 @@
 #include <QMultiHash>
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 namespace talvora::embedded {
@@ -36,6 +37,8 @@ struct Translation {
     std::vector<Parameter> parameters;
     std::vector<QString> columns;  ///< of the rows it gives; empty when it gives none
     std::vector<int> structural;   ///< literals whose very values the translation rests on
+    /// Nothing to run: from now on inserts give the keys of this table themselves (of none when it is empty).
+    std::optional<QString> takesKeys;
 };
 
 /// Writes SQLite's SQL for one statement. Names are resolved here, against the catalogue: it must be known of every
@@ -85,6 +88,7 @@ class Translator {
     Piece castTo(const Expression& e, const Scope& scope);
     Piece call(const Expression& e, const Scope& scope);
     Piece aggregate(const Expression& e, const Scope& scope);
+    Piece lastKey(const Expression& e);
     QString parameter(const Expression& literal, SqlType target);
     /// The SQL of `piece` as a value of the kind `target`.
     QString as(const Piece& piece, Kind target);
@@ -138,6 +142,10 @@ class Translator {
     void createIndex(const CreateIndex& create);
     void dropTable(const DropTable& drop);
     void dropIndex(const DropIndex& drop);
+    void setIdentityInsert(const SetIdentityInsert& set);
+    void reseed(const Reseed& reseed);
+    const CatalogTable& keyedTable(const QString& name) const;
+    static QString sequenceName(const CatalogTable& table);
 
     const Catalog& catalog_;
     const Tokens& tokens_;
