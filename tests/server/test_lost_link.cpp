@@ -1,16 +1,13 @@
-// A session with a server whose link is cut, held up or gone for a while, by a relay in between.
+// A link to the server that is cut, held up, or gone for a while.
 
-#include "core/mdlpublic.h"
-#include "platform/database/connection_string.h"
 #include "platform/runtime_error.h"
-#include "records/scoring_bank.h"
-#include "support/database_fixture.h"
+#include "server/server_fixture.h"
 #include "support/error_of.h"
-#include "support/relay.h"
+#include "testbank/cexamination.h"
 
-#include <QDebug>
 #include <QElapsedTimer>
 
+#include <functional>
 #include <thread>
 
 namespace talvora::test {
@@ -19,76 +16,142 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class LostLinkTest : public testing::Test {
+class LostLinkTest : public RelayedServerTest {
  protected:
-    void SetUp() override {
-        const QString server = qEnvironmentVariable("TALVORA_TEST_SERVER");
-        if (server.isEmpty()) {
-            GTEST_SKIP() << "no server";
-        }
-        const ConnectionParts parts = ConnectionParts::parse(server);
-        relay_ = std::make_unique<Relay>(parts.dataSource);
-        session_.ConnectionString = QString(server).replace(parts.dataSource, relay_->dataSource());
-        session_.CommandTimeout = 2;
-        session_.Open();
-        session_.Execute(u"if object_id('linktrial') is not null drop table linktrial"_s);
-        session_.Execute(u"create table linktrial (x int)"_s);
-    }
-    void TearDown() override {
-        if (relay_) {
-            session_.Execute(u"drop table linktrial"_s);
-        }
-    }
+    void insert() { cnnPublic.Execute(u"insert into UserRole (UserID,RoleID) values (77,1)"_s); }
+    QString inserted() { return stored(u"select count(*) from UserRole where UserID=77"_s); }
 
-    QString error(const QString& statement) {
+    static void standIdle() { std::this_thread::sleep_for(std::chrono::milliseconds(1200)); }
+};
+
+TEST_F(LostLinkTest, ATerminalThatStoodOverARestartGoesOn) {
+    relay().cut();
+    EXPECT_EQ(rowsOf(u"select count(*) from UserRole where UserID=77"_s), u"0"_s);
+    relay().cut();
+    standIdle();
+    insert();
+    relay().cut();
+    EXPECT_EQ(submit(candidate(u"条理性"_s), false, {{u"001001"_s, u"条理性"_s, u"1"_s, u"AA"_s}}), Status::Done);
+    EXPECT_EQ(inserted() + u' ' + stored(u"select count(*) from TestingResult"_s), u"1 1"_s);
+    // The server comes back while the session looks for it.
+    relay().setDown(true);
+    std::thread([this] {
+        standIdle();
+        relay().setDown(false);
+    }).detach();
+    insert();
+    EXPECT_EQ(inserted(), u"2"_s);
+}
+
+TEST_F(LostLinkTest, AChangeThatMayHaveArrivedIsNotSentAgain) {
+    insert();
+    relay().cut();
+    EXPECT_EQ(errorOf([&] { insert(); }), 10054);
+    EXPECT_EQ(inserted(), u"1"_s);
+    insert();
+    EXPECT_EQ(inserted(), u"2"_s);
+}
+
+TEST_F(LostLinkTest, ATransactionWhoseLinkIsLostIsOverUpToItsEnd) {
+    cnnPublic.BeginTrans();
+    insert();
+    relay().cut();
+    EXPECT_EQ(errorOf([&] { insert(); }), 10054);
+    EXPECT_EQ(errorOf([&] { insert(); }), 10054) << "nothing by halves";
+    EXPECT_EQ(errorOf([] { cnnPublic.CommitTrans(); }), 3902);
+    EXPECT_EQ(inserted(), u"0"_s);
+    insert();
+    EXPECT_EQ(inserted(), u"1"_s);
+    // The next transaction passes over one that is lost.
+    cnnPublic.BeginTrans();
+    relay().cut();
+    EXPECT_EQ(errorOf([&] { insert(); }), 10054);
+    cnnPublic.BeginTrans();
+    insert();
+    cnnPublic.CommitTrans();
+    EXPECT_EQ(inserted(), u"2"_s);
+}
+
+TEST_F(LostLinkTest, TheWordsNameTheCauseWithinTheTimeLimit) {
+    constexpr int limitSeconds = 3;
+    openWithLimit(limitSeconds);
+    const auto wordsOf = [](const QString& statement) {
         QElapsedTimer since;
         since.start();
         try {
-            session_.Execute(statement);
-            return u"done %1"_s.arg(since.elapsed());
+            cnnPublic.Execute(statement);
         } catch (const DatabaseError& error) {
-            return u"%1 %2 %3 (%4 ms)"_s.arg(error.number())
-                .arg(error.sqlState(), error.description())
-                .arg(since.elapsed());
+            EXPECT_LT(since.elapsed(), 1000 * limitSeconds + 1500);
+            return error.description().section(u'，', 0, 0);
+        }
+        return u"done"_s;
+    };
+    relay().setDown(true);
+    EXPECT_TRUE(wordsOf(u"select 1"_s).startsWith(u"连接不到数据库服务器［127.0.0.1"_s));
+    relay().setDown(false);
+    EXPECT_EQ(wordsOf(u"select 1"_s), u"done"_s);
+    relay().setHeld(true);
+    EXPECT_EQ(wordsOf(u"select 1"_s), u"数据库服务器没有在规定的时间内答复"_s);
+    relay().setHeld(false);
+    EXPECT_EQ(wordsOf(u"select 1"_s), u"done"_s);
+    relay().cut();
+    EXPECT_EQ(wordsOf(u"delete from UserRole"_s), u"与数据库服务器的连接已中断"_s);
+}
+
+TEST_F(LostLinkTest, NoSeriesIsStoredByHalvesOrTwiceWhereverTheLinkIsCut) {
+    struct Series {
+        const char* name;
+        std::function<void()> run;
+        QString count;  ///< what the whole series adds to
+        int whole;      ///< by how much
+    };
+    const SheetPlan order{u"001001"_s, u"条理性"_s, u"1"_s, u"AB"_s};
+    const std::vector<Series> all{
+        {"single", [&] { submit(candidate(u"条理性"_s), false, {order}); },
+         u"select (select count(*) from TestingResult)+(select count(*) from TestingResultDetail)"_s, 3},
+        {"model",
+         [&] {
+             submit(candidate(u"主管模型"_s), true,
+                    {{u"001"_s, u"能力"_s, {}, {}}, order, {u"001002"_s, u"判断力"_s, u"2"_s, u"AB"_s}});
+         },
+         u"select (select count(*) from TestingResult)+(select count(*) from TestingResultDetail)"_s, 8},
+        {"paper",
+         [] {
+             static int number = 0;
+             cExamination examination;
+             examination.TypeCode = u"001001"_s;
+             examination.ExaminationNum = u"N%1"_s.arg(++number);
+             examination.AnswerAmount = 2;
+             cQuestions questions;
+             for (const qint16 key : {1, 2}) {
+                 auto question = std::make_shared<cQuestion>();
+                 question->QuestionID = key;
+                 question->QuestionName = QString::number(key);
+                 questions.Add(question);
+             }
+             examination.AddNew(questions);
+         },
+         u"select (select count(*) from Examination)+(select count(*) from ExaminationQuestion)"_s, 3},
+    };
+    for (const Series& series : all) {
+        const auto statements = statementsOf([&] { series.run(); });
+        for (qsizetype cutAt = 1; cutAt <= statements.size(); ++cutAt) {
+            const int stoodThere = stored(series.count).toInt();
+            qsizetype sent = 0;
+            cnnPublic.setObserver([&](const QString&) {
+                if (++sent == cutAt) {
+                    relay().cut();
+                }
+            });
+            series.run();
+            cnnPublic.setObserver({});
+            commitWhatIsOpen();
+            const int added = stored(series.count).toInt() - stoodThere;
+            // A loss up to the beginning of the transaction is made good.
+            const bool before = cutAt <= statements.indexOf(u"begin transaction"_s) + 1;
+            EXPECT_EQ(added, before ? series.whole : 0) << series.name << " cut at " << cutAt;
         }
     }
-
-    std::unique_ptr<Relay> relay_;
-    Connection session_;
-};
-
-TEST_F(LostLinkTest, Trial) {
-    qInfo() << error(u"select 1"_s);
-    relay_->cut();
-    qInfo() << "cut, select" << error(u"select 1"_s);
-    relay_->cut();
-    qInfo() << "cut, insert at once" << error(u"insert into linktrial values (1)"_s);
-    qInfo() << "insert again" << error(u"insert into linktrial values (1)"_s);
-    relay_->cut();
-    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
-    qInfo() << "cut, insert later" << error(u"insert into linktrial values (1)"_s);
-    relay_->setDown(true);
-    qInfo() << "down, select" << error(u"select 1"_s);
-    std::thread([this] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(700));
-        relay_->setDown(false);
-    }).detach();
-    qInfo() << "down for 0.7 s, select" << error(u"select 1"_s);
-    relay_->setHeld(true);
-    qInfo() << "held, select" << error(u"select 1"_s);
-    qInfo() << "held, select" << error(u"select 1"_s);
-    relay_->setHeld(false);
-    qInfo() << "free, select" << error(u"select 1"_s);
-    qInfo() << "slow" << error(u"waitfor delay '00:00:05'"_s);
-    qInfo() << "free, select" << error(u"select 1"_s);
-    session_.BeginTrans();
-    qInfo() << "in t" << error(u"insert into linktrial values (5)"_s);
-    relay_->cut();
-    qInfo() << "cut in t" << error(u"insert into linktrial values (6)"_s);
-    qInfo() << "cut in t" << error(u"insert into linktrial values (7)"_s);
-    EXPECT_THROW(session_.CommitTrans(), DatabaseError);
-    qInfo() << "after" << error(u"insert into linktrial values (8)"_s);
-    qInfo() << session_.Execute(u"select * from linktrial"_s).RecordCount();
 }
 
 }  // namespace

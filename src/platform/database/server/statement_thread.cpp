@@ -14,28 +14,48 @@ namespace {
 using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds slice{50};
 
-std::function<void()>& whileWaiting() {
-    static std::function<void()> hook;
+std::function<void(Wait)>& whileWaiting() {
+    static std::function<void(Wait)> hook;
     return hook;
 }
 
-void callHook() {
-    if (whileWaiting()) {
-        whileWaiting()();
+/// One wait: tells the hook of it once it is long, and of its end.
+class ToldWait {
+ public:
+    ToldWait() = default;
+    ToldWait(const ToldWait&) = delete;
+    ToldWait& operator=(const ToldWait&) = delete;
+    ~ToldWait() {
+        if (told_) {
+            whileWaiting()(Wait::Ended);
+        }
     }
-}
+
+    void goesOn() {
+        constexpr std::chrono::milliseconds unnoticed{200};
+        if (whileWaiting() && Clock::now() - since_ > unnoticed) {
+            told_ = true;
+            whileWaiting()(Wait::GoesOn);
+        }
+    }
+
+ private:
+    Clock::time_point since_ = Clock::now();
+    bool told_ = false;
+};
 
 }  // namespace
 
-void setWhileWaiting(std::function<void()> hook) {
+void setWhileWaiting(std::function<void(Wait)> hook) {
     whileWaiting() = std::move(hook);
 }
 
 void waitForServer(std::chrono::milliseconds time) {
     const auto end = Clock::now() + time;
+    ToldWait wait;
     while (Clock::now() < end) {
         std::this_thread::sleep_for(std::min<Clock::duration>(slice, end - Clock::now()));
-        callHook();
+        wait.goesOn();
     }
 }
 
@@ -71,12 +91,13 @@ struct StatementThread::Shared {
     /// Whether the call came to its end before `limit`. The lock is open while the hook runs.
     bool waitForEnd(std::unique_lock<std::mutex>& lock, std::chrono::milliseconds limit) {
         const auto end = Clock::now() + limit;
+        ToldWait wait;
         while (!changed.wait_for(lock, slice, [this] { return !busy; })) {
             if (limit.count() > 0 && Clock::now() >= end) {
                 return false;
             }
             lock.unlock();
-            callHook();
+            wait.goesOn();
             lock.lock();
         }
         return true;

@@ -6,11 +6,14 @@
 
 namespace talvora {
 
-/// Has `hook` called some twenty times a second while a session waits for its server, on the session's own thread; an
-/// empty function ends that. The hook must not use the session.
-void setWhileWaiting(std::function<void()> hook);
+/// A wait for a server that has lasted so long that a user notices: it goes on, or has ended.
+enum class Wait { GoesOn, Ended };
 
-/// Passes `time` as a wait for a server does, with the hook called.
+/// Has `hook` called some twenty times a second while such a wait goes on, and once at its end, on the session's own
+/// thread. The hook must not use the session. An empty function: nobody is told.
+void setWhileWaiting(std::function<void(Wait)> hook);
+
+/// Passes `time` as a wait for a server, which the hook is told of.
 void waitForServer(std::chrono::milliseconds time);
 
 /// A thread for the calls that a server may hold up for longer than anybody wants to wait.
