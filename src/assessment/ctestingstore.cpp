@@ -200,7 +200,7 @@ void TestingStore::rollUp() {
 Status cTesting::AddNew(bool isModel, const cTestings& testings, const cTestingDetails& details) const {
     // A failure neither rolls back nor commits: what was done stays in the open transaction.
     return statusOf([&] {
-        TestingStore(*this, details).run(isModel, testings);
+        cnnPublic.RunSeries([&] { TestingStore(*this, details).run(isModel, testings); });
         return Status::Done;
     });
 }

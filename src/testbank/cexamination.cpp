@@ -7,6 +7,7 @@
 #include "platform/numbers.h"
 #include "platform/text.h"
 #include "testbank/column_settings.h"
+#include "testbank/paper_statements.h"
 
 #include <QStringList>
 
@@ -176,18 +177,11 @@ qint16 cExamination::GetExamAnswersByNum(const QString& TypeCode, const QString&
 }
 
 qint16 cExamination::GetExamQuestions(qint16 ExaminationID) {
-    return cnnPublic
-        .Execute(u"Select count(*) as Nums from ExaminationQuestion where ExaminationID="_s +
-                 QString::number(ExaminationID))
-        .first()
-        .number16Or0("Nums");
+    return cnnPublic.Execute(questionCountOf(QString::number(ExaminationID))).first().number16Or0("Nums");
 }
 
 cExaminations& cExaminations::FindByTypeCode(const QString& TypeCode, bool all) {
-    const QString finished = all ? QString() : u" and (Status is null or left(Status,1)<>'0')"_s;
-    const QString statement =
-        u"Select * from Examination where TypeCode='"_s + TypeCode + u'\'' + finished + u" order by ExaminationNum"_s;
-    load(statement, [](cExamination& paper, const Row& row) {
+    load(papersOfType(TypeCode, all), [](cExamination& paper, const Row& row) {
         fillPaper(paper, row);
         paper.Note = row.text("Note");
         paper.Auditing = row.text("Auditing");

@@ -7,6 +7,7 @@
 #include "organisation/cposition.h"
 #include "testbank/cexamination.h"
 #include "testbank/ctestingtype.h"
+#include "testbank/papers_ahead.h"
 #include "toolkit/application/busy.h"
 #include "workbench/list_colours.h"
 #include "workbench/list_rows.h"
@@ -94,6 +95,7 @@ void fillTestingType(FlexGrid& fg) {
     }
     cTestingTypes types;
     types.Find(TypeKind::All);
+    const PapersAhead ahead(types);
     for (int i = 1; i <= types.Count(); ++i) {
         const cTestingType& type = *types.Item(i);
         const bool isMain = type.NowCode.size() == mainTypeCodeLength;

@@ -87,9 +87,10 @@ Status submit(const cTesting& test, bool isModel, const std::vector<SheetPlan>& 
     return test.AddNew(isModel, testings, details);
 }
 
-void openTerminal(const QString& file) {
+void openTerminal(const QString& bank) {
+    const bool isConnection = bank.startsWith("Provider="_L1);
     cnnPublic.ConnectionString =
-        u"Provider=SQLOLEDB.1;User ID=;Initial Catalog=%1;Data Source=embedded;pwd="_s.arg(file);
+        isConnection ? bank : u"Provider=SQLOLEDB.1;User ID=;Initial Catalog=%1;Data Source=embedded;pwd="_s.arg(bank);
     cnnPublic.CommandTimeout = 10;
     cnnPublic.Open();
 }

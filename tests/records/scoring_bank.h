@@ -41,7 +41,7 @@ cTesting candidate(const QString& typeName, const QString& name = QStringLiteral
 /// Hands the sheets of a run to cTesting::AddNew.
 Status submit(const cTesting& test, bool isModel, const std::vector<SheetPlan>& sheets);
 
-/// Opens cnnPublic on the embedded database file, as every terminal of an organisation does.
-void openTerminal(const QString& file);
+/// Opens cnnPublic on a bank, an embedded file's path or a connection string, as every terminal does.
+void openTerminal(const QString& bank);
 
 }  // namespace talvora::test

@@ -1,5 +1,5 @@
 // A terminal that submits one test after the other, for the tests that kill it or run several at once:
-//     submitter <database file> <number of this terminal> <number of rounds, 0 without end>
+//     submitter <database file or connection string> <number of this terminal> <number of rounds, 0 without end>
 // Each round is a session of its own with one single paper and one model test. Each test stored is told on the output.
 
 #include "core/mdlpublic.h"

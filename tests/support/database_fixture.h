@@ -28,6 +28,10 @@ enum class Engine { Embedded, Server };
 std::vector<Engine> engines();
 std::string engineName(const ::testing::TestParamInfo<Engine>& info);
 
+/// Opens cnnPublic on a database of this engine with the tables and only the catalogue rows, a fresh one where the
+/// engine is the embedded one.
+void openFreshDatabase(Engine engine);
+
 /// The base of record tests: cnnPublic is open on a database with the tables and only the catalogue rows.
 class DatabaseTest : public ::testing::TestWithParam<Engine> {
  protected:

@@ -4,6 +4,7 @@
 #include "platform/database/embedded/embedded_driver.h"
 #include "platform/database/odbc/odbc_driver.h"
 #include "platform/database/server_errors.h"
+#include "platform/database/statement_kind.h"
 #include "platform/runtime_error.h"
 
 namespace talvora {
@@ -33,7 +34,28 @@ Driver& Connection::driver(const QString& statement) {
 }
 
 Recordset Connection::Execute(const QString& statement) {
-    return driver(statement).execute(statement);
+    Driver& open = driver(statement);
+    if (++statements_ == refused_) {
+        std::rethrow_exception(failure_);
+    }
+    if (!ahead_.isEmpty()) {
+        if (const auto read = ahead_.take(statement)) {
+            return std::move(*read);
+        }
+        if (!isQuery(statement)) {
+            ahead_.clear();
+        }
+    }
+    return open.execute(statement);
+}
+
+std::vector<Recordset> Connection::executeTogether(const QStringList& statements) {
+    try {
+        return driver_ ? driver_->executeTogether(statements) : std::vector<Recordset>();
+    } catch (const DatabaseError&) {
+        // The statement at fault fails by itself when its turn comes.
+        return {};
+    }
 }
 
 void Connection::BeginTrans() {
@@ -41,7 +63,7 @@ void Connection::BeginTrans() {
         try {
             CommitTrans();
         } catch (const DatabaseError& error) {
-            // A server that rolled the transaction back by itself has none left to commit.
+            // A server that rolled the transaction back by itself, or with its link, has none left to commit.
             if (error.number() != server_error::NothingToCommit) {
                 throw;
             }
@@ -49,6 +71,26 @@ void Connection::BeginTrans() {
     }
     driver(u"begin transaction"_s).beginTransaction();
     inTransaction_ = true;
+    statements_ = 0;
+    ahead_.clear();
+}
+
+void Connection::RunSeries(const std::function<void()>& series) {
+    try {
+        return series();
+    } catch (const DatabaseError&) {
+        if (!driver_ || !driver_->hasLostTransaction()) {
+            throw;
+        }
+        refused_ = statements_;
+        failure_ = std::current_exception();
+    }
+    try {
+        series();
+    } catch (const RuntimeError&) {
+        refused_ = 0;
+        throw;
+    }
 }
 
 void Connection::CommitTrans() {
@@ -71,6 +113,7 @@ void Connection::Close() noexcept {
         }
     }
     inTransaction_ = false;
+    ahead_.clear();
     driver_.reset();
 }
 

@@ -2,10 +2,14 @@
 
 #include "platform/database/recordset.h"
 
+#include <QHash>
 #include <QString>
+#include <QStringList>
 
+#include <exception>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace talvora {
 
@@ -46,6 +50,11 @@ class Connection {
     void CommitTrans();
     void RollbackTrans();
 
+    /// Runs a series that begins with BeginTrans and ends at its first failure, which comes out. What was done before
+    /// stays in the open transaction: a server that has rolled it back by itself over the failure gets the series once
+    /// more, up to the statement that failed. The series reads its keys anew then, so it must begin from nothing.
+    void RunSeries(const std::function<void()>& series);
+
     /// Ends the session in an orderly way: a transaction left open is committed. Does nothing when not open. A
     /// failing commit is passed over, since nobody is left to tell.
     void Close() noexcept;
@@ -55,11 +64,19 @@ class Connection {
     void setObserver(Observer observer) { observer_ = std::move(observer); }
 
  private:
+    friend class ReadAhead;
+
     Driver& driver(const QString& statement);
+    std::vector<Recordset> executeTogether(const QStringList& statements);
 
     std::unique_ptr<Driver> driver_;
     Observer observer_;
     bool inTransaction_ = false;
+    /// Statements since BeginTrans, and the one among them that is not sent again, with its failure.
+    int statements_ = 0;
+    int refused_ = 0;
+    std::exception_ptr failure_;
+    QHash<QString, std::shared_ptr<Recordset>> ahead_;
 };
 
 }  // namespace talvora

@@ -3,6 +3,9 @@
 #include "platform/database/recordset.h"
 
 #include <QString>
+#include <QStringList>
+
+#include <vector>
 
 namespace talvora {
 
@@ -21,9 +24,16 @@ class Driver {
     /// broken disk.
     virtual Recordset execute(const QString& statement) = 0;
 
+    /// Runs several selects in one go and gives the rows of each, in their order. Nothing comes when one of them fails,
+    /// or when the driver has nothing to save by it: they are then run one by one.
+    virtual std::vector<Recordset> executeTogether(const QStringList& /*statements*/) { return {}; }
+
     virtual void beginTransaction() = 0;
     virtual void commitTransaction() = 0;
     virtual void rollbackTransaction() = 0;
+
+    /// Whether the server has rolled back the transaction by itself while its series still runs.
+    virtual bool hasLostTransaction() const { return false; }
 };
 
 }  // namespace talvora

@@ -4,6 +4,7 @@
 /// one number means the same on both engines.
 namespace talvora::server_error {
 inline constexpr int Timeout = -2;
+inline constexpr int NotReached = 53;
 inline constexpr int IncorrectSyntax = 102;
 inline constexpr int UnclosedQuote = 105;
 inline constexpr int UnknownPrefix = 107;
@@ -57,5 +58,7 @@ inline constexpr int ArithmeticOverflow = 8115;
 inline constexpr int InvalidOperand = 8117;
 inline constexpr int TextTruncated = 8152;
 inline constexpr int NamelessDerivedColumn = 8155;
+inline constexpr int LinkLost = 10054;
 inline constexpr int TooManyRows = 10738;
+inline constexpr int LoginFailed = 18456;
 }  // namespace talvora::server_error

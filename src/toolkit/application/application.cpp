@@ -2,6 +2,7 @@
 
 #include "toolkit/application/font_configuration.h"
 #include "toolkit/application/last_resort.h"
+#include "toolkit/application/server_wait.h"
 #include "toolkit/application/translation.h"
 #include "toolkit/forms/form.h"
 #include "toolkit/look/icons.h"
@@ -34,6 +35,7 @@ Application::Application(int& argc, char** argv, FontConfiguration&& fonts) : QA
     installTranslations(*this);
     fonts.finish();
     applyTheme(*this);
+    ServerWait::install(this);
     // Drawn at every size that a window manager may want, it would hold up the first window.
     QTimer::singleShot(iconDelay, this, [] { setWindowIcon(icon(u"talvora"_s)); });
 }

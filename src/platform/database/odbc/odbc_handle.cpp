@@ -84,7 +84,7 @@ DatabaseError Handle::failure() const {
         number = number != 0 ? number : record.number;
     }
     words.removeDuplicates();
-    const QString state = !isWarning(records.front()) ? records.front().state : isLinkLost() ? u"08S01"_s : u"HY000"_s;
+    const QString state = isLinkLost() ? u"08S01"_s : isWarning(records.front()) ? u"HY000"_s : records.front().state;
     return {number, words.join(u'\n'), state};
 }
 

@@ -20,7 +20,7 @@ class Handle {
 
     /// What the driver says about the call on this handle that has just failed: the words of all its records, without
     /// the names of drivers in front; the number is the first that a record bears. Mere warnings are left out where
-    /// there is an error beside them. The state of a lost link is 08S01, also when the driver has only a warning.
+    /// there is an error beside them. The state of a lost link is 08S01, whatever the driver says.
     DatabaseError failure() const;
 
     /// Throws `failure` unless `result` is a success. SQL_NO_DATA is one: it is how a statement answers that

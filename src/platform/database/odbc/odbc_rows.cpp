@@ -1,7 +1,10 @@
 #include "platform/database/odbc/odbc_rows.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
 namespace talvora::odbc {
@@ -35,7 +38,34 @@ Kind kindOf(SQLSMALLINT sqlType) {
     }
 }
 
-/// Reads the cells of the current row, one after the other, into a recordset.
+struct Column {
+    Kind kind;
+    SQLULEN size;  // of a text, in characters; 0 where the driver knows none
+};
+
+QString digits(int number, int width) {
+    return QString::number(number).rightJustified(width, u'0');
+}
+
+QString dateText(int year, int month, int day) {
+    return digits(year, 4) + u'-' + digits(month, 2) + u'-' + digits(day, 2);
+}
+
+void addText(Recordset& rows, const QString& text) {
+    rows.addText(reinterpret_cast<const char16_t*>(text.utf16()), text.size());
+}
+
+// Dates and moments are formatted here, since drivers differ in the fractions of a second that they write.
+void addDate(Recordset& rows, const SQL_DATE_STRUCT& value) {
+    addText(rows, dateText(value.year, value.month, value.day));
+}
+
+void addMoment(Recordset& rows, const SQL_TIMESTAMP_STRUCT& value) {
+    addText(rows, u"%1 %2:%3:%4"_s.arg(dateText(value.year, value.month, value.day), digits(value.hour, 2),
+                                       digits(value.minute, 2), digits(value.second, 2)));
+}
+
+/// Reads the cells of the current row, one after the other, into a recordset: for rows with texts of any length.
 class CellReader {
  public:
     CellReader(const Handle& statement, Recordset& rows) : statement_(statement), rows_(rows) {}
@@ -43,60 +73,27 @@ class CellReader {
     void read(SQLUSMALLINT column, Kind kind) {
         switch (kind) {
             case Kind::Whole:
-                return readWhole(column);
+                return readFixed<std::int64_t>(column, SQL_C_SBIGINT, [this](auto value) { rows_.addWhole(value); });
             case Kind::Real:
-                return readReal(column);
+                return readFixed<double>(column, SQL_C_DOUBLE, [this](auto value) { rows_.addReal(value); });
             case Kind::Date:
-                return readDate(column);
+                return readFixed<SQL_DATE_STRUCT>(column, SQL_C_TYPE_DATE,
+                                                  [this](const auto& value) { addDate(rows_, value); });
             case Kind::Moment:
-                return readMoment(column);
+                return readFixed<SQL_TIMESTAMP_STRUCT>(column, SQL_C_TYPE_TIMESTAMP,
+                                                       [this](const auto& value) { addMoment(rows_, value); });
             case Kind::Text:
                 return readText(column);
         }
     }
 
  private:
-    /// Gets a value of fixed size; false, with a NULL added, when there is none.
-    template <class Value>
-    bool get(SQLUSMALLINT column, SQLSMALLINT type, Value& value) {
+    template <class Value, class Add>
+    void readFixed(SQLUSMALLINT column, SQLSMALLINT type, Add&& add) {
+        Value value{};
         SQLLEN length = 0;
         statement_.check(SQLGetData(statement_.get(), column, type, &value, sizeof value, &length));
-        if (length == SQL_NULL_DATA) {
-            rows_.addNull();
-            return false;
-        }
-        return true;
-    }
-
-    void readWhole(SQLUSMALLINT column) {
-        std::int64_t value = 0;
-        if (get(column, SQL_C_SBIGINT, value)) {
-            rows_.addWhole(value);
-        }
-    }
-
-    // As a number and not as text: drivers write 0.3333 as 0.33329999999999999.
-    void readReal(SQLUSMALLINT column) {
-        double value = 0;
-        if (get(column, SQL_C_DOUBLE, value)) {
-            rows_.addReal(value);
-        }
-    }
-
-    // Dates and moments are formatted here, since drivers differ in the fractions of a second that they write.
-    void readDate(SQLUSMALLINT column) {
-        SQL_DATE_STRUCT value{};
-        if (get(column, SQL_C_TYPE_DATE, value)) {
-            addText(dateText(value.year, value.month, value.day));
-        }
-    }
-
-    void readMoment(SQLUSMALLINT column) {
-        SQL_TIMESTAMP_STRUCT value{};
-        if (get(column, SQL_C_TYPE_TIMESTAMP, value)) {
-            addText(u"%1 %2:%3:%4"_s.arg(dateText(value.year, value.month, value.day), digits(value.hour, 2),
-                                         digits(value.minute, 2), digits(value.second, 2)));
-        }
+        length == SQL_NULL_DATA ? rows_.addNull() : add(value);
     }
 
     void readText(SQLUSMALLINT column) {
@@ -120,14 +117,6 @@ class CellReader {
         rows_.addText(reinterpret_cast<const char16_t*>(text_.data()), static_cast<qsizetype>(text_.size()));
     }
 
-    void addText(const QString& text) { rows_.addText(reinterpret_cast<const char16_t*>(text.utf16()), text.size()); }
-
-    static QString digits(int number, int width) { return QString::number(number).rightJustified(width, u'0'); }
-
-    static QString dateText(int year, int month, int day) {
-        return digits(year, 4) + u'-' + digits(month, 2) + u'-' + digits(day, 2);
-    }
-
     static constexpr std::size_t pieceSize = 4096;
 
     const Handle& statement_;
@@ -136,27 +125,150 @@ class CellReader {
     std::vector<SQLWCHAR> text_;
 };
 
-std::vector<Kind> addColumns(const Handle& statement, SQLSMALLINT count, Recordset& rows) {
+/// Fetches rows of cells of limited size in blocks into buffers of its own.
+class BlockReader {
+ public:
+    BlockReader(const Handle& statement, const std::vector<Column>& columns) : statement_(statement) {
+        setAttribute(SQL_ATTR_ROW_ARRAY_SIZE, asPointer(blockRows));
+        setAttribute(SQL_ATTR_ROWS_FETCHED_PTR, &fetched_);
+        buffers_.reserve(columns.size());
+        for (const Column& column : columns) {
+            bind(column);
+        }
+    }
+    BlockReader(const BlockReader&) = delete;
+    BlockReader& operator=(const BlockReader&) = delete;
+
+    ~BlockReader() {
+        SQLFreeStmt(statement_.get(), SQL_UNBIND);
+        SQLSetStmtAttrW(statement_.get(), SQL_ATTR_ROWS_FETCHED_PTR, nullptr, 0);
+        SQLSetStmtAttrW(statement_.get(), SQL_ATTR_ROW_ARRAY_SIZE, asPointer(1), 0);
+    }
+
+    void readAll(Recordset& rows) {
+        while (true) {
+            const SQLRETURN result = SQLFetch(statement_.get());
+            if (result == SQL_NO_DATA) {
+                return;
+            }
+            statement_.check(result);
+            for (SQLULEN row = 0; row < fetched_; ++row) {
+                for (const Buffer& buffer : buffers_) {
+                    add(rows, buffer, row);
+                }
+            }
+        }
+    }
+
+ private:
+    struct Buffer {
+        Kind kind;
+        std::size_t width;  // of one cell, in bytes
+        std::vector<std::byte> bytes;
+        std::vector<SQLLEN> lengths;
+    };
+
+    static SQLPOINTER asPointer(std::uintptr_t number) { return reinterpret_cast<SQLPOINTER>(number); }
+
+    void setAttribute(SQLINTEGER attribute, SQLPOINTER value) {
+        statement_.check(SQLSetStmtAttrW(statement_.get(), attribute, value, 0));
+    }
+
+    void bind(const Column& column) {
+        SQLSMALLINT type = SQL_C_WCHAR;
+        // Twice the size, for servers that count a pair of code units as one character, and the closing NUL.
+        std::size_t width = (2 * column.size + 1) * sizeof(SQLWCHAR);
+        switch (column.kind) {
+            case Kind::Whole:
+                type = SQL_C_SBIGINT;
+                width = sizeof(std::int64_t);
+                break;
+            case Kind::Real:
+                type = SQL_C_DOUBLE;
+                width = sizeof(double);
+                break;
+            case Kind::Date:
+                type = SQL_C_TYPE_DATE;
+                width = sizeof(SQL_DATE_STRUCT);
+                break;
+            case Kind::Moment:
+                type = SQL_C_TYPE_TIMESTAMP;
+                width = sizeof(SQL_TIMESTAMP_STRUCT);
+                break;
+            case Kind::Text:
+                break;
+        }
+        buffers_.push_back(
+            {column.kind, width, std::vector<std::byte>(width * blockRows), std::vector<SQLLEN>(blockRows)});
+        Buffer& buffer = buffers_.back();
+        statement_.check(SQLBindCol(statement_.get(), static_cast<SQLUSMALLINT>(buffers_.size()), type,
+                                    buffer.bytes.data(), static_cast<SQLLEN>(width), buffer.lengths.data()));
+    }
+
+    template <class Value>
+    static Value valueAt(const std::byte* cell) {
+        Value value{};
+        std::memcpy(&value, cell, sizeof value);
+        return value;
+    }
+
+    static void add(Recordset& rows, const Buffer& buffer, SQLULEN row) {
+        const std::byte* cell = buffer.bytes.data() + row * buffer.width;
+        if (buffer.lengths[row] == SQL_NULL_DATA) {
+            return rows.addNull();
+        }
+        switch (buffer.kind) {
+            case Kind::Whole:
+                return rows.addWhole(valueAt<std::int64_t>(cell));
+            case Kind::Real:
+                return rows.addReal(valueAt<double>(cell));
+            case Kind::Date:
+                return addDate(rows, valueAt<SQL_DATE_STRUCT>(cell));
+            case Kind::Moment:
+                return addMoment(rows, valueAt<SQL_TIMESTAMP_STRUCT>(cell));
+            case Kind::Text:
+                return rows.addText(reinterpret_cast<const char16_t*>(cell),
+                                    static_cast<qsizetype>(buffer.lengths[row] / SQLLEN{sizeof(SQLWCHAR)}));
+        }
+    }
+
+    static constexpr SQLULEN blockRows = 200;
+
+    const Handle& statement_;
+    std::vector<Buffer> buffers_;
+    SQLULEN fetched_ = 0;
+};
+
+std::vector<Column> addColumns(const Handle& statement, SQLSMALLINT count, Recordset& rows) {
     constexpr SQLSMALLINT longestName = 256;
-    std::vector<Kind> kinds;
+    std::vector<Column> columns;
     for (SQLSMALLINT column = 1; column <= count; ++column) {
         std::array<SQLWCHAR, longestName> name{};
         SQLSMALLINT length = 0;
         SQLSMALLINT type = 0;
-        SQLSMALLINT digits = 0;
+        SQLSMALLINT decimals = 0;
         SQLSMALLINT nullable = 0;
         SQLULEN size = 0;
         statement.check(SQLDescribeColW(statement.get(), static_cast<SQLUSMALLINT>(column), name.data(), longestName,
-                                        &length, &type, &size, &digits, &nullable));
+                                        &length, &type, &size, &decimals, &nullable));
         rows.addColumn(fromWide(name.data(), std::min<qsizetype>(length, longestName - 1)));
-        kinds.push_back(kindOf(type));
+        columns.push_back({kindOf(type), size});
     }
-    return kinds;
+    return columns;
 }
 
-Recordset readRows(const Handle& statement, SQLSMALLINT columns) {
+bool fitsBlocks(const Column& column) {
+    constexpr SQLULEN longest = 1000;
+    return column.kind != Kind::Text || (column.size > 0 && column.size <= longest);
+}
+
+Recordset readRows(const Handle& statement, SQLSMALLINT count) {
     Recordset rows;
-    const std::vector<Kind> kinds = addColumns(statement, columns, rows);
+    const std::vector<Column> columns = addColumns(statement, count, rows);
+    if (std::all_of(columns.begin(), columns.end(), fitsBlocks)) {
+        BlockReader(statement, columns).readAll(rows);
+        return rows;
+    }
     CellReader reader(statement, rows);
     while (true) {
         const SQLRETURN result = SQLFetch(statement.get());
@@ -164,29 +276,34 @@ Recordset readRows(const Handle& statement, SQLSMALLINT columns) {
             return rows;
         }
         statement.check(result);
-        SQLUSMALLINT column = 1;
-        for (const Kind kind : kinds) {
-            reader.read(column++, kind);
+        SQLUSMALLINT number = 1;
+        for (const Column& column : columns) {
+            reader.read(number++, column.kind);
         }
     }
 }
 
 }  // namespace
 
-Recordset readResults(const Handle& statement) {
-    Recordset rows;
+std::vector<Recordset> readAllResults(const Handle& statement) {
+    std::vector<Recordset> results;
     while (true) {
         SQLSMALLINT columns = 0;
         statement.check(SQLNumResultCols(statement.get(), &columns));
-        if (columns > 0 && rows.FieldCount() == 0) {
-            rows = readRows(statement, columns);
+        if (columns > 0) {
+            results.push_back(readRows(statement, columns));
         }
         const SQLRETURN result = SQLMoreResults(statement.get());
         if (result == SQL_NO_DATA) {
-            return rows;
+            return results;
         }
         statement.check(result);
     }
+}
+
+Recordset readResults(const Handle& statement) {
+    std::vector<Recordset> results = readAllResults(statement);
+    return results.empty() ? Recordset() : std::move(results.front());
 }
 
 }  // namespace talvora::odbc
