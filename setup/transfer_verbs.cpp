@@ -32,8 +32,12 @@ QString shown(const ConnectionFile& target) {
 
 qint64 copyInto(Connection& session) {
     ProgressLine line;
-    return copyBank(cnnPublic, session,
-                    [&](const QString& step, qint64 done, qint64 total) { line.show(step, done, total); });
+    try {
+        return copyBank(cnnPublic, session,
+                        [&](const QString& step, qint64 done, qint64 total) { line.show(step, done, total); });
+    } catch (const DatabaseError& error) {
+        throw RuntimeError(error.number(), u"复制没有完成，已撤销，请排除下面的问题后重试：\n"_s + error.description());
+    }
 }
 
 }  // namespace

@@ -31,6 +31,9 @@ void ProgressLine::show(const QString& step, qint64 done, qint64 total) {
     const auto text =
         total > 0 ? u"%1：%2 / %3 行（%4%）"_s.arg(step, chinese.toString(done), chinese.toString(total)).arg(percent)
                   : step + u"……"_s;
+    if (isNewStep && isOpen_) {
+        say({});
+    }
     if (onTerminal_) {
         sayOver(text);
         isOpen_ = true;

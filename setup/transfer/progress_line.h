@@ -5,8 +5,8 @@
 
 namespace talvora {
 
-/// Tells on standard output how far long work is. On a terminal in one line that is written over; in a file or a pipe
-/// in a line for each tenth.
+/// Tells on standard output how far long work is. On a terminal in one line a step that is written over; in a file or a
+/// pipe in a line for each tenth.
 class ProgressLine {
  public:
     ProgressLine();

@@ -91,6 +91,7 @@ void Connection::RunSeries(const std::function<void()>& series) {
         refused_ = 0;
         throw;
     }
+    refused_ = 0;
 }
 
 void Connection::CommitTrans() {

@@ -9,28 +9,31 @@ class TransactionJournal {
  public:
     void begin() {
         changes_.clear();
+        characters_ = 0;
         repeatable_ = true;
     }
 
     void addChange(const QString& statement) {
-        // A series of this length is an import, which begins anew by itself.
-        constexpr qsizetype longest = 1000;
-        if (changes_.size() == longest) {
-            repeatable_ = false;
-        }
+        // Beyond this size it is the work of the set-up tool, which begins anew by itself.
+        constexpr qsizetype mostCharacters = 1'000'000;
+        characters_ += statement.size();
+        repeatable_ = repeatable_ && characters_ <= mostCharacters;
         if (repeatable_) {
             changes_ += statement;
+        } else {
+            changes_.clear();
         }
     }
 
     /// What a query finds after a change, a new key for instance, would be another the second time.
-    void addQuery() { repeatable_ = repeatable_ && changes_.isEmpty(); }
+    void addQuery() { repeatable_ = repeatable_ && characters_ == 0; }
 
     bool isRepeatable() const { return repeatable_; }
     const QStringList& changes() const { return changes_; }
 
  private:
     QStringList changes_;
+    qsizetype characters_ = 0;
     bool repeatable_ = true;
 };
 
